@@ -1,0 +1,156 @@
+// The root object of a design: its variables and its output window.
+#include "design.h"
+
+#include <algorithm>
+
+#include "../../base/text.h"
+#include "../../base/banned.h"
+
+std::vector<DESIGN*>& OpenDesigns()
+{
+    static std::vector<DESIGN*> designs;
+    return designs;
+}
+
+DESIGN* FindDesign(HOSTINFO* root)
+{
+    for (DESIGN* design : OpenDesigns())
+        if (static_cast<HOSTINFO*>(design) == root)
+            return design;
+    return nullptr;
+}
+
+DESIGN* DesignOf(HOSTINFO* obj)
+{
+    return FindDesign(a_FindRootHostinfo(obj));
+}
+
+DESIGN::DESIGN(HWND surface_, HWND output_) : surface(surface_), outputWindow(output_)
+{
+    m_hWnd = surface_;
+    m_hNotify = surface_;
+    CopyText(m_szName, "Design");
+}
+
+DESIGN::~DESIGN()
+{
+    a_EmptyStringList(&m_strings);
+    a_EmptyRequestList(&m_requests);
+}
+
+bool DESIGN::SetVariable(const std::string& name, const std::string& value)
+{
+    for (auto& variable : variables) {
+        if (variable.first == name) {
+            variable.second = value;
+            return true;
+        }
+    }
+    variables.emplace_back(name, value);
+    return true;
+}
+
+// Variables are addressed like a plug-in's keywords: index = position + 1.
+LRESULT DESIGN::OnMessage(WPARAM, LPARAM lParam)
+{
+    REQUEST* request = reinterpret_cast<REQUEST*>(lParam);
+    if (!request)
+        return 0;
+    std::string name;
+    if (request->name && request->name[0])
+        name = request->prefix ? std::string(request->prefix) + "." + request->name : request->name;
+    else if (request->value)
+        name = static_cast<const char*>(request->value);
+
+    int index = 0;
+    for (size_t i = 0; i < variables.size(); i++)
+        if (variables[i].first == name)
+            index = (int)i + 1;
+    if (request->operation == REQ_LOOKUP) {
+        request->index = index;
+        return index != 0;
+    }
+    if (index == 0 || request->type != REQTYPE_TEXT || !request->value)
+        return 0;
+    request->index = index;
+    std::string& text = variables[(size_t)index - 1].second;
+    if (request->operation == REQ_READ) {
+        CopyText(static_cast<char*>(request->value), HOSTTEXT_SIZE, text.c_str());
+        return 1;
+    }
+    if (request->operation == REQ_WRITE) {
+        text = static_cast<const char*>(request->value);
+        return 1;
+    }
+    return 0;
+}
+
+void DESIGN::AppendOutput(const char* line)
+{
+    std::string text(line);
+    while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
+        text.pop_back();
+    output.push_back(text);
+    if (!outputWindow || !IsWindow(outputWindow))
+        return;
+    text += "\r\n";
+    const int end = GetWindowTextLengthA(outputWindow);
+    SendMessageA(outputWindow, EM_SETSEL, (WPARAM)end, (LPARAM)end);
+    SendMessageA(outputWindow, EM_REPLACESEL, FALSE, (LPARAM)text.c_str());
+}
+
+HOSTINFO* a_CreateDesign(HWND surface, HWND output)
+{
+    DESIGN* design = new DESIGN(surface, output);
+    OpenDesigns().push_back(design);
+    return design;
+}
+
+void a_DestroyDesign(HOSTINFO* root)
+{
+    DESIGN* design = FindDesign(root);
+    if (!design)
+        return;
+    // Destroying a window removes its object from the list: work on a copy.
+    const std::vector<HOSTINFO*> objects = design->objects;
+    for (HOSTINFO* obj : objects)
+        if (obj->m_hWnd && IsWindow(obj->m_hWnd))
+            DestroyWindow(obj->m_hWnd);
+    auto& designs = OpenDesigns();
+    designs.erase(std::remove(designs.begin(), designs.end(), design), designs.end());
+    delete design;
+}
+
+BOOL a_SetVariable(HOSTINFO* root, LPCSTR name, LPCSTR value)
+{
+    DESIGN* design = FindDesign(root);
+    if (!design || !name || !value)
+        return FALSE;
+    return design->SetVariable(name, value);
+}
+
+int a_GetOutputLineCount(HOSTINFO* root)
+{
+    DESIGN* design = FindDesign(root);
+    return design ? (int)design->output.size() : 0;
+}
+
+BOOL a_GetOutputLine(HOSTINFO* root, int index, LPSTR text, int size)
+{
+    DESIGN* design = FindDesign(root);
+    if (!design || index < 0 || (size_t)index >= design->output.size() || !text || size <= 0)
+        return FALSE;
+    CopyText(text, (size_t)size, design->output[(size_t)index].c_str());
+    return TRUE;
+}
+
+BOOL a_IsModified(HOSTINFO* root)
+{
+    DESIGN* design = FindDesign(root);
+    if (!design)
+        return FALSE;
+    for (HOSTINFO* obj : design->objects)
+        if (obj->m_wFlags & HOSTFLAG_EDITED)
+            return TRUE;
+    return FALSE;
+}

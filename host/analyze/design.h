@@ -1,0 +1,36 @@
+// The design document: the root object of a design and what the host keeps
+// for it. Internal to Analyze.dll.
+#pragma once
+
+#include "analyze.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+class DESIGN final : public HOSTINFO {
+public:
+    DESIGN(HWND surface, HWND output);
+    ~DESIGN();
+
+    // Serves the design's host variables ("projectversion") to plug-ins.
+    LRESULT OnMessage(WPARAM, LPARAM request) override;
+
+    void AppendOutput(const char* line);
+    bool SetVariable(const std::string& name, const std::string& value);
+
+    HWND surface;
+    HWND outputWindow;
+    std::vector<HOSTINFO*> objects;  // in creation order: the order of saving
+    CHashTable byName;               // objects that told the host they exist
+    std::vector<std::pair<std::string, std::string>> variables;
+    std::vector<std::string> output;
+    HOSTINFO* selection = nullptr;   // the object the user selected
+};
+
+// The open design whose root is root, or null.
+DESIGN* FindDesign(HOSTINFO* root);
+// The open design obj belongs to, or null.
+DESIGN* DesignOf(HOSTINFO* obj);
+// Every open design, oldest first.
+std::vector<DESIGN*>& OpenDesigns();

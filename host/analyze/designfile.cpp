@@ -1,0 +1,199 @@
+// Reading and writing design files.
+#include <stdio.h>
+
+#include <string>
+
+#include "design.h"
+#include "designtext.h"
+
+#include "../../base/text.h"
+#include "../../base/banned.h"
+
+namespace {
+
+// Where a refused line came from, for the output window.
+struct LINESOURCE {
+    const char* file;
+    int number;
+};
+
+void Refuse(DESIGN* design, const LINESOURCE& source, const char* what, const std::string& detail)
+{
+    if (source.file)
+        EDITTRACE(design, "%s(%d): %s %s", source.file, source.number, what, detail.c_str());
+    else
+        EDITTRACE(design, "%s %s", what, detail.c_str());
+}
+
+HOSTINFO* FindObjectOf(DESIGN* design, const std::string& name)
+{
+    return static_cast<HOSTINFO*>(design->byName.Lookup(name.c_str()));
+}
+
+bool CreateFromControlLine(DESIGN* design, const DESIGNLINE& line, const LINESOURCE& source)
+{
+    CONTROLSPEC spec;
+    std::string error;
+    if (!ParseControlSpec(line.value, &spec, &error)) {
+        Refuse(design, source, "Malformed control line, bad", error);
+        return false;
+    }
+    const std::string fullName = line.object + spec.name;
+    if (fullName.size() >= HOSTNAME_SIZE) {
+        Refuse(design, source, "Object name too long:", fullName);
+        return false;
+    }
+    if (FindObjectOf(design, fullName)) {
+        Refuse(design, source, "Object exists already:", fullName);
+        return false;
+    }
+    WNDCLASSEXA info = {};
+    info.cbSize = sizeof info;
+    if (!GetClassInfoExA(GetModuleHandleA(NULL), spec.className.c_str(), &info)) {
+        Refuse(design, source, "Unknown window class", spec.className);
+        return false;
+    }
+
+    HOSTCREATE create = {};
+    create.host = design;
+    CopyText(create.name, fullName.c_str());
+    create.x = spec.x;
+    create.y = spec.y;
+    create.cx = spec.cx;
+    create.cy = spec.cy;
+    create.notify = design->surface;
+    HWND parent = (spec.style & WS_CHILD) ? design->surface : NULL;
+    HWND hwnd = CreateWindowExA(spec.exStyle, spec.className.c_str(), spec.name.c_str(), spec.style, spec.x, spec.y,
+                                spec.cx, spec.cy, parent, NULL, GetModuleHandleA(NULL), &create);
+    if (!hwnd) {
+        Refuse(design, source, "Cannot create the window of", fullName);
+        return false;
+    }
+    if (!FindObjectOf(design, fullName)) {
+        Refuse(design, source, "The window did not create an object:", fullName);
+        DestroyWindow(hwnd);
+        return false;
+    }
+    return true;
+}
+
+bool LoadObjectLine(DESIGN* design, const DESIGNLINE& line, int mode, const LINESOURCE& source)
+{
+    HOSTINFO* obj = FindObjectOf(design, line.object);
+    if (!obj) {
+        Refuse(design, source, "Unknown object", line.object);
+        return false;
+    }
+    const std::string text = line.keyword + "=" + line.value;
+    if (obj->m_hWnd && IsWindow(obj->m_hWnd))
+        SendMessageA(obj->m_hWnd, WM_HOST_LOAD, (WPARAM)mode, (LPARAM)text.c_str());
+    else
+        obj->OnLoad((WPARAM)mode, (LPARAM)text.c_str());
+    return true;
+}
+
+bool LoadOneLine(DESIGN* design, const char* text, size_t length, int mode, const LINESOURCE& source)
+{
+    const DESIGNLINE line = SplitDesignLine(text, length);
+    switch (line.kind) {
+    case DESIGNLINE_EMPTY:
+        return true;
+    case DESIGNLINE_CONTROL:
+        return CreateFromControlLine(design, line, source);
+    case DESIGNLINE_OBJECT:
+        return LoadObjectLine(design, line, mode, source);
+    case DESIGNLINE_HOST:
+        return design->SetVariable(line.keyword, line.value);
+    case DESIGNLINE_MALFORMED:
+        break;
+    }
+    Refuse(design, source, "Malformed line:", std::string(text, length > 80 ? 80 : length));
+    return false;
+}
+
+bool ReadWholeFile(LPCSTR path, std::string* content)
+{
+    FILE* file = fopen(path, "rb");
+    if (!file)
+        return false;
+    char chunk[16384];
+    size_t got;
+    while ((got = fread(chunk, 1, sizeof chunk, file)) > 0)
+        content->append(chunk, got);
+    const bool ok = !ferror(file);
+    fclose(file);
+    return ok;
+}
+
+bool WriteText(HANDLE file, const std::string& text)
+{
+    DWORD written = 0;
+    return WriteFile(file, text.data(), (DWORD)text.size(), &written, NULL) && written == text.size();
+}
+
+void SaveObject(HOSTINFO* obj, int pass, HANDLE file)
+{
+    if (obj->m_hWnd && IsWindow(obj->m_hWnd))
+        SendMessageA(obj->m_hWnd, WM_HOST_SAVE, (WPARAM)pass, (LPARAM)file);
+    else
+        obj->OnSave((WPARAM)pass, (LPARAM)file);
+}
+
+}  // namespace
+
+BOOL a_LoadFile(HOSTINFO* root, LPCSTR path)
+{
+    DESIGN* design = FindDesign(root);
+    std::string content;
+    if (!design || !path || !ReadWholeFile(path, &content)) {
+        if (design)
+            EDITTRACE(design, "Cannot read the design file %s", path ? path : "");
+        return FALSE;
+    }
+    const char* name = strrchr(path, '\\');
+    name = name ? name + 1 : path;
+    LINESOURCE source = {name, 0};
+    size_t start = 0;
+    while (start < content.size()) {
+        size_t end = content.find('\n', start);
+        if (end == std::string::npos)
+            end = content.size();
+        source.number++;
+        LoadOneLine(design, content.data() + start, end - start, REQMODE_DESIGNFILE, source);
+        start = end + 1;
+    }
+    return TRUE;
+}
+
+BOOL a_LoadLine(HOSTINFO* root, LPCSTR line, int mode)
+{
+    DESIGN* design = FindDesign(root);
+    if (!design || !line)
+        return FALSE;
+    return LoadOneLine(design, line, strlen(line), mode, LINESOURCE{nullptr, 0});
+}
+
+BOOL a_SaveFile(HOSTINFO* root, LPCSTR path)
+{
+    DESIGN* design = FindDesign(root);
+    if (!design || !path)
+        return FALSE;
+    HANDLE file = CreateFileA(path, GENERIC_WRITE, 0, NULL, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, NULL);
+    if (file == INVALID_HANDLE_VALUE) {
+        EDITTRACE(design, "Cannot write the design file %s", path);
+        return FALSE;
+    }
+    bool ok = true;
+    for (const auto& variable : design->variables)
+        ok = WriteText(file, variable.first + "=" + variable.second + "\r\n") && ok;
+    // Objects may reorder the list while saving (none should): iterate a copy.
+    const std::vector<HOSTINFO*> objects = design->objects;
+    for (int pass = 0; pass < 2; pass++)
+        for (HOSTINFO* obj : objects)
+            SaveObject(obj, pass, file);
+    CloseHandle(file);
+    if (ok)
+        for (HOSTINFO* obj : objects)
+            obj->m_wFlags &= (WORD)~HOSTFLAG_EDITED;
+    return ok;
+}

@@ -1,0 +1,104 @@
+#include "analyze.h"
+
+#include <stdlib.h>
+#include <string.h>
+
+#include "../../base/banned.h"
+
+struct CHashTable::ENTRY {
+    char* key;
+    void* value;
+    ENTRY* next;
+};
+
+namespace {
+
+const int kBucketCount = 127;
+
+unsigned HashKey(LPCSTR key)
+{
+    unsigned hash = 5381;
+    for (const unsigned char* p = (const unsigned char*)key; *p; p++)
+        hash = hash * 33 + *p;
+    return hash;
+}
+
+}  // namespace
+
+CHashTable::CHashTable()
+    : m_buckets((ENTRY**)calloc(kBucketCount, sizeof(ENTRY*))), m_bucketCount(kBucketCount), m_count(0)
+{
+}
+
+CHashTable::~CHashTable()
+{
+    RemoveAll();
+    free(m_buckets);
+}
+
+BOOL CHashTable::Add(LPCSTR key, void* value)
+{
+    if (!key || !m_buckets)
+        return FALSE;
+    ENTRY** bucket = &m_buckets[HashKey(key) % m_bucketCount];
+    for (ENTRY* entry = *bucket; entry; entry = entry->next) {
+        if (strcmp(entry->key, key) == 0) {
+            entry->value = value;
+            return TRUE;
+        }
+    }
+    ENTRY* entry = (ENTRY*)calloc(1, sizeof(ENTRY));
+    char* copy = _strdup(key);
+    if (!entry || !copy) {
+        free(entry);
+        free(copy);
+        return FALSE;
+    }
+    entry->key = copy;
+    entry->value = value;
+    entry->next = *bucket;
+    *bucket = entry;
+    m_count++;
+    return TRUE;
+}
+
+void* CHashTable::Lookup(LPCSTR key) const
+{
+    if (!key || !m_buckets)
+        return NULL;
+    for (ENTRY* entry = m_buckets[HashKey(key) % m_bucketCount]; entry; entry = entry->next)
+        if (strcmp(entry->key, key) == 0)
+            return entry->value;
+    return NULL;
+}
+
+BOOL CHashTable::Remove(LPCSTR key)
+{
+    if (!key || !m_buckets)
+        return FALSE;
+    for (ENTRY** link = &m_buckets[HashKey(key) % m_bucketCount]; *link; link = &(*link)->next) {
+        if (strcmp((*link)->key, key) == 0) {
+            ENTRY* entry = *link;
+            *link = entry->next;
+            free(entry->key);
+            free(entry);
+            m_count--;
+            return TRUE;
+        }
+    }
+    return FALSE;
+}
+
+void CHashTable::RemoveAll()
+{
+    if (!m_buckets)
+        return;
+    for (int i = 0; i < m_bucketCount; i++) {
+        while (ENTRY* entry = m_buckets[i]) {
+            m_buckets[i] = entry->next;
+            free(entry->key);
+            free(entry);
+        }
+    }
+    m_count = 0;
+}

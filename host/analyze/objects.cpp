@@ -1,0 +1,154 @@
+// The objects of a design: registration, look-up, walking, selection marks.
+#include <algorithm>
+
+#include "design.h"
+
+#include "../../base/text.h"
+#include "../../base/banned.h"
+
+HOSTINFO* a_FindRootHostinfo(HOSTINFO* obj)
+{
+    while (obj && obj->m_pHost)
+        obj = obj->m_pHost;
+    return obj;
+}
+
+HOSTINFO* a_FindHostinfo(LPCSTR name)
+{
+    if (!name)
+        return NULL;
+    for (DESIGN* design : OpenDesigns())
+        if (HOSTINFO* obj = static_cast<HOSTINFO*>(design->byName.Lookup(name)))
+            return obj;
+    return NULL;
+}
+
+BOOL a_EnumHostinfo(HOSTINFOVISITOR visit, void* context)
+{
+    if (!visit)
+        return FALSE;
+    for (DESIGN* design : OpenDesigns()) {
+        const std::vector<HOSTINFO*> objects = design->objects;
+        for (HOSTINFO* obj : objects)
+            if (!visit(obj, context))
+                return FALSE;
+    }
+    return TRUE;
+}
+
+BOOL a_InitializeHostinfo(HOSTINFO* obj, HWND hwnd, const HOSTCREATE* create)
+{
+    if (!obj)
+        return FALSE;
+    obj->m_hWnd = hwnd;
+    if (!create)
+        return TRUE;
+    CopyText(obj->m_szName, create->name);
+    obj->m_pHost = create->host;
+    obj->m_hNotify = create->notify;
+    SetRect(&obj->m_rect, create->x, create->y, create->x + create->cx, create->y + create->cy);
+    return TRUE;
+}
+
+BOOL a_AddHostinfo(HOSTINFO* host, HOSTINFO* obj)
+{
+    DESIGN* design = DesignOf(host);
+    if (!design || !obj)
+        return FALSE;
+    if (std::find(design->objects.begin(), design->objects.end(), obj) == design->objects.end())
+        design->objects.push_back(obj);
+    return TRUE;
+}
+
+void a_HostinfoCreated(HOSTINFO* root, HOSTINFO* obj)
+{
+    DESIGN* design = FindDesign(root);
+    if (design && obj)
+        design->byName.Add(obj->m_szName, obj);
+}
+
+void a_HostinfoDestroyed(HOSTINFO* root, HOSTINFO* obj)
+{
+    DESIGN* design = FindDesign(root);
+    if (design && obj && design->byName.Lookup(obj->m_szName) == obj)
+        design->byName.Remove(obj->m_szName);
+}
+
+void a_CleanHostinfo(HOSTINFO* obj)
+{
+    if (!obj)
+        return;
+    a_EmptyConnectionList(obj);
+    delete obj->m_pChildTable;
+    obj->m_pChildTable = NULL;
+}
+
+BOOL a_RemoveHostinfo(HOSTINFO* host, HOSTINFO* obj)
+{
+    DESIGN* design = DesignOf(host);
+    if (!design)
+        return FALSE;
+    auto& objects = design->objects;
+    auto found = std::find(objects.begin(), objects.end(), obj);
+    if (found == objects.end())
+        return FALSE;
+    objects.erase(found);
+    return TRUE;
+}
+
+namespace {
+BOOL CALLBACK DestroyChild(HWND hwnd, LPARAM parent)
+{
+    if (GetParent(hwnd) == (HWND)parent)
+        DestroyWindow(hwnd);
+    return TRUE;
+}
+}  // namespace
+
+void a_DestroyChildWindows(HOSTINFO* obj)
+{
+    if (!obj || !obj->m_hWnd)
+        return;
+    EnumChildWindows(obj->m_hWnd, DestroyChild, (LPARAM)obj->m_hWnd);
+    if (obj->m_pChildTable)
+        obj->m_pChildTable->RemoveAll();
+}
+
+void a_DrawSelection(HOSTINFO* obj, HDC hdc)
+{
+    DESIGN* design = DesignOf(obj);
+    if (!design || !obj->m_hWnd || design->selection != obj)
+        return;
+    RECT client;
+    GetClientRect(obj->m_hWnd, &client);
+    const int mark = 4;
+    const POINT corners[] = {{client.left, client.top},
+                             {client.right - mark, client.top},
+                             {client.left, client.bottom - mark},
+                             {client.right - mark, client.bottom - mark}};
+    HBRUSH black = (HBRUSH)GetStockObject(BLACK_BRUSH);
+    for (const POINT& corner : corners) {
+        RECT box = {corner.x, corner.y, corner.x + mark, corner.y + mark};
+        FillRect(hdc, &box, black);
+    }
+}
+
+BOOL a_SetSelection(HOSTINFO* root, HOSTINFO* obj)
+{
+    DESIGN* design = FindDesign(root);
+    if (!design)
+        return FALSE;
+    HOSTINFO* previous = design->selection;
+    design->selection = obj;
+    if (previous && previous->m_hWnd)
+        InvalidateRect(previous->m_hWnd, NULL, TRUE);
+    if (obj && obj->m_hWnd)
+        InvalidateRect(obj->m_hWnd, NULL, TRUE);
+    return TRUE;
+}
+
+HOSTINFO* a_GetSelection(HOSTINFO* root)
+{
+    DESIGN* design = FindDesign(root);
+    return design ? design->selection : NULL;
+}

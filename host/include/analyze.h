@@ -1,0 +1,388 @@
+// Analyze: the host framework's interface for device plug-ins.
+//
+// A design is a tree of HOSTINFO objects. The root object stands for the
+// design document (its window is the design surface, it holds the output
+// window); every other object has a host object above it. Plug-ins derive
+// their properties objects from HOSTINFO and answer its virtual operations;
+// the host reaches them through their windows' WM_APP messages.
+//
+// Text forms used by the helpers below:
+//   design-file line   "KEY=VALUE\r\n"; KEY of an object's line is the full
+//                      object name, "*" and the keyword
+//   control line       "[PARENT*]control=EXSTYLE CLASS \"NAME\" STYLE RECT"
+//                      EXSTYLE "0" or "0x%08x", STYLE "0x%08x"
+//   rectangle string   "%d,%d,%dx%d": left, top, width, height
+//   connection string  the connection list's texts joined by ","
+#pragma once
+
+#include <windows.h>
+#include <objidl.h>  // gdiplus.h needs PROPID
+#include <gdiplus.h>
+
+#include "analyze_request.h"
+
+#ifdef ANALYZE_BUILD
+#define ANALYZE_API __declspec(dllexport)
+#else
+#define ANALYZE_API __declspec(dllimport)
+#endif
+
+// The header-inline members of the framework's classes are exported by every
+// module that includes this header, as the framework's own header always did.
+#define ANALYZE_INLINE_CLASS __declspec(dllexport)
+#define ANALYZE_INLINE __declspec(dllexport)
+
+// The canvas protocol: messages the host sends to an object's window.
+enum {
+    WM_HOST_MESSAGE = WM_APP + 0,        // OnMessage(wParam, REQUEST*)
+    WM_HOST_LOAD = WM_APP + 1,           // OnLoad(mode, "keyword=value")
+    WM_HOST_SAVE = WM_APP + 2,           // OnSave(pass, HANDLE file)
+    WM_HOST_SAVETOLIST = WM_APP + 3,     // OnSaveToListCtrl(0, HWND listview)
+    WM_HOST_LOADED = WM_APP + 4,         // posted to the notification window
+    WM_HOST_CHANGEADDRESS = WM_APP + 12, // to a controller: LOWORD old, HIWORD new
+    WM_HOST_GETHOSTINFO = WM_APP + 20,   // returns the properties object
+    WM_HOST_GETKEYWORDS = WM_APP + 50,   // returns a null-ended const char* array
+    WM_HOST_GETDISPLAYTEXT = WM_APP + 52,// fills the buffer in lParam, returns it
+    WM_HOST_CONTEXTMENU = WM_APP + 54,   // append items to the HMENU in lParam
+    WM_HOST_CONTEXTCOMMAND = WM_APP + 55,// lParam: the command id
+};
+
+enum {
+    HOSTFLAG_EDITED = 0x0001,  // written by something other than the design file
+    HOSTFLAG_ONLINE = 0x0002,  // the device answers
+};
+
+enum { HOSTNAME_SIZE = 128 };
+
+class HOSTINFO;
+
+// A string list: the framework's singly linked list of owned texts.
+struct STRINGITEM {
+    char* text;
+    STRINGITEM* next;
+};
+struct STRINGLIST {
+    STRINGITEM* first;
+};
+
+// A request list: pending requests of an object, owned by the host.
+struct REQUESTITEM {
+    REQUEST request;
+    REQUESTITEM* next;
+};
+struct REQUESTLIST {
+    REQUESTITEM* first;
+};
+
+// A connection: the text "OBJECT.PORT" and the object it reaches, when known.
+struct CONNECTION {
+    char* text;
+    HOSTINFO* target;
+    CONNECTION* next;
+};
+
+// What the host hands a window it creates from a control line
+// (CREATESTRUCT::lpCreateParams).
+struct HOSTCREATE {
+    HOSTINFO* host;            // the object that owns the new one (the root)
+    char name[HOSTNAME_SIZE];  // full object name, parent path included
+    int x, y, cx, cy;          // placement from the control line
+    HWND notify;               // notification window for WM_HOST_LOADED
+};
+
+// The host's name-to-pointer table (open hashing, names compared exactly).
+class ANALYZE_API CHashTable {
+public:
+    CHashTable();
+    ~CHashTable();
+    BOOL Add(LPCSTR key, void* value);      // replaces an existing key
+    void* Lookup(LPCSTR key) const;
+    BOOL Remove(LPCSTR key);
+    int GetCount() const { return m_count; }
+    void RemoveAll();
+
+private:
+    CHashTable(const CHashTable&);
+    CHashTable& operator=(const CHashTable&);
+    struct ENTRY;
+    ENTRY** m_buckets;
+    int m_bucketCount;
+    int m_count;
+};
+
+class HOSTINFOTABLE;
+
+class ANALYZE_INLINE_CLASS HOSTINFO {
+public:
+    HOSTINFO()
+        : m_hWnd(NULL), m_wFlags(0), m_hNotify(NULL), m_pHost(NULL),
+          m_pConnections(NULL), m_pChildTable(NULL), m_wKind(0), m_wMode(0),
+          m_nHostField500(0), m_nConsoleNumber(0)
+    {
+        SetRectEmpty(&m_rect);
+        m_szName[0] = '\0';
+        m_strings.first = NULL;
+        m_requests.first = NULL;
+    }
+    // The base is copied member by member; lists are shared, not duplicated.
+    ANALYZE_INLINE HOSTINFO(const HOSTINFO& other) { CopyFields(other); }
+    ANALYZE_INLINE HOSTINFO& operator=(const HOSTINFO& other)
+    {
+        CopyFields(other);
+        return *this;
+    }
+
+    ANALYZE_INLINE virtual BOOL HasHostinfoTable() { return FALSE; }
+    ANALYZE_INLINE virtual HOSTINFOTABLE* GetHostinfoTable() { return NULL; }
+    virtual LRESULT OnLoad(WPARAM /*mode*/, LPARAM /*line*/) { return 0; }
+    virtual LRESULT OnSave(WPARAM /*pass*/, LPARAM /*file*/) { return 0; }
+    virtual LRESULT OnSaveToListCtrl(WPARAM, LPARAM /*listview*/) { return 0; }
+    virtual LRESULT OnTimer(WPARAM, LPARAM) { return 0; }
+    virtual LRESULT OnMessage(WPARAM, LPARAM /*REQUEST* */) { return 0; }
+    virtual LRESULT OnSystem(WPARAM, LPARAM) { return 0; }
+    virtual LRESULT OnInitialize(WPARAM, LPARAM) { return 0; }
+    virtual LRESULT OnDelete(WPARAM, LPARAM) { return 0; }
+    virtual BOOL OnGet(LPCSTR /*name*/, int* /*value*/) { return FALSE; }
+    virtual BOOL OnGet(LPCSTR /*name*/, double* /*value*/) { return FALSE; }
+    virtual BOOL OnGet(LPCSTR /*name*/, LPSTR /*text*/, int /*size*/) { return FALSE; }
+    virtual BOOL OnGet(LPCSTR /*name*/, LPSTR /*text*/, int /*size*/, int /*index*/) { return FALSE; }
+    virtual BOOL OnSet(LPCSTR /*name*/, const void* /*block*/, int /*size*/) { return FALSE; }
+    virtual BOOL OnSet(LPCSTR /*name*/, int /*value*/) { return FALSE; }
+    virtual BOOL OnSet(LPCSTR /*name*/, double /*value*/) { return FALSE; }
+    virtual BOOL OnSet(LPCSTR /*name*/, LPCSTR /*text*/) { return FALSE; }
+    virtual BOOL OnSet(LPCSTR /*name*/, LPCSTR /*text*/, int /*index*/) { return FALSE; }
+    virtual LRESULT OnUpdate(WPARAM, LPARAM) { return 0; }
+    // A source (a device object) asks to be connected: name of the source,
+    // and the target's parameters, e.g. "PORT,ADDRESS,MODEL".
+    virtual BOOL OnConnectSource(LPCSTR /*source*/, LPCSTR /*params*/) { return FALSE; }
+    virtual BOOL OnConnectSource(HOSTINFO* /*source*/, LPCSTR /*params*/) { return FALSE; }
+    virtual BOOL OnConnectTarget(LPCSTR /*target*/, LPCSTR /*params*/) { return FALSE; }
+    virtual BOOL OnChangeAddress(LPCSTR /*source*/, LPCSTR /*params*/) { return FALSE; }
+    virtual BOOL OnChangeAddress(HOSTINFO* /*source*/, LPCSTR /*params*/) { return FALSE; }
+    // "PORT,ADDRESS" of the position the source leaves.
+    virtual BOOL OnDisconnectSource(LPCSTR /*source*/, LPCSTR /*params*/) { return FALSE; }
+    virtual BOOL OnDisconnectSource(HOSTINFO* /*source*/, LPCSTR /*params*/) { return FALSE; }
+    virtual HOSTINFO* OnGetHostinfo(LPCSTR /*name*/) { return NULL; }
+    virtual BOOL OnGetTooltip(LPSTR /*text*/, int /*size*/) { return FALSE; }
+    virtual int OnGetActiveLayer() { return 0; }
+    virtual LRESULT OnData(WPARAM, LPARAM) { return 0; }
+    virtual BOOL OnIsAlive(WPARAM, LPARAM /*HOSTINFO* asking*/) { return FALSE; }
+    virtual BOOL OnInterfaceworking(WPARAM, LPARAM) { return FALSE; }
+    virtual LRESULT OnGetKeywords(WPARAM, LPARAM) { return 0; }
+    virtual LRESULT OnGetKeywords2(WPARAM, LPARAM) { return 0; }
+    virtual int OnGetDatatype(LPCSTR /*name*/) { return 0; }
+    virtual BOOL OnGetUserfriendlyName(LPSTR /*text*/, int /*size*/) { return FALSE; }
+    virtual LRESULT OnGetPropertydlg(WPARAM, LPARAM) { return 0; }
+    virtual BOOL OnGetContextMenu(HMENU /*menu*/) { return FALSE; }
+    virtual BOOL OnSetContextMenu(UINT /*command*/) { return FALSE; }
+    virtual LRESULT OnCaller(WPARAM, LPARAM) { return 0; }
+    virtual LRESULT OnGetKeywords_PWS(WPARAM, LPARAM) { return 0; }
+    virtual LRESULT OnGetKeywords_DCS(WPARAM, LPARAM) { return 0; }
+    virtual LRESULT OnRequestList(WPARAM, LPARAM) { return 0; }
+    virtual LRESULT OnDataInBuffer(WPARAM, LPARAM) { return 0; }
+    virtual LRESULT OnIPAddressChanged(WPARAM, LPARAM) { return 0; }
+
+    // Objects are destroyed by whoever created them, through their own type.
+    ~HOSTINFO() {}
+
+    HWND m_hWnd;                  // the object's window
+    RECT m_rect;                  // placement in design coordinates
+    WORD m_wFlags;                // HOSTFLAG_*
+    HWND m_hNotify;               // receives WM_HOST_LOADED
+    char m_szName[HOSTNAME_SIZE]; // full name, parent path included
+    HOSTINFO* m_pHost;            // owner; null for the root
+    CONNECTION* m_pConnections;   // connection list
+    STRINGLIST m_strings;         // general string list (the layer list)
+    REQUESTLIST m_requests;       // pending requests
+    CHashTable* m_pChildTable;    // the host's table of child windows by name
+    WORD m_wKind;                 // the object's kind, as the host counts them
+    WORD m_wMode;                 // the design surface's mode (0 = run)
+    int m_nHostField500;          // set to 500 when a device canvas is created
+    int m_nConsoleNumber;         // the console's number in its family
+
+private:
+    void CopyFields(const HOSTINFO& other)
+    {
+        m_hWnd = other.m_hWnd;
+        m_rect = other.m_rect;
+        m_wFlags = other.m_wFlags;
+        m_hNotify = other.m_hNotify;
+        CopyMemory(m_szName, other.m_szName, sizeof m_szName);
+        m_pHost = other.m_pHost;
+        m_pConnections = other.m_pConnections;
+        m_strings = other.m_strings;
+        m_requests = other.m_requests;
+        m_pChildTable = other.m_pChildTable;
+        m_wKind = other.m_wKind;
+        m_wMode = other.m_wMode;
+        m_nHostField500 = other.m_nHostField500;
+        m_nConsoleNumber = other.m_nConsoleNumber;
+    }
+};
+
+// An off-screen bitmap to draw into and blit from (seven words).
+class ANALYZE_INLINE_CLASS cOffScreen {
+public:
+    cOffScreen() : m_hdc(NULL), m_hBitmap(NULL), m_hOldBitmap(NULL), m_x(0), m_y(0), m_cx(0), m_cy(0) {}
+    ANALYZE_INLINE cOffScreen& operator=(const cOffScreen& other)
+    {
+        m_hdc = other.m_hdc;
+        m_hBitmap = other.m_hBitmap;
+        m_hOldBitmap = other.m_hOldBitmap;
+        m_x = other.m_x;
+        m_y = other.m_y;
+        m_cx = other.m_cx;
+        m_cy = other.m_cy;
+        return *this;
+    }
+    ANALYZE_INLINE HBITMAP GetBitmap() { return m_hBitmap; }
+
+    HDC m_hdc;
+    HBITMAP m_hBitmap;
+    HBITMAP m_hOldBitmap;
+    int m_x, m_y, m_cx, m_cy;
+};
+
+// A window background held as a bitmap.
+class ANALYZE_INLINE_CLASS cBackground {
+public:
+    cBackground() : m_hBitmap(NULL), m_cx(0), m_cy(0) {}
+    ANALYZE_INLINE cBackground& operator=(const cBackground& other)
+    {
+        m_hBitmap = other.m_hBitmap;
+        m_cx = other.m_cx;
+        m_cy = other.m_cy;
+        return *this;
+    }
+    ANALYZE_INLINE HBITMAP GetBitmap() { return m_hBitmap; }
+
+    HBITMAP m_hBitmap;
+    int m_cx, m_cy;
+};
+
+// A GDI+ image with the status of its last failing call.
+class ANALYZE_INLINE_CLASS TAVOBitmap {
+public:
+    TAVOBitmap() : m_pImage(NULL), m_lastStatus(0) {}
+    explicit TAVOBitmap(Gdiplus::GpImage* image) : m_pImage(image), m_lastStatus(0) {}
+    ANALYZE_INLINE TAVOBitmap& operator=(const TAVOBitmap& other)
+    {
+        m_pImage = other.m_pImage;
+        m_lastStatus = other.m_lastStatus;
+        return *this;
+    }
+    ANALYZE_INLINE UINT GetWidth()
+    {
+        UINT width = 0;
+        int status = Gdiplus::DllExports::GdipGetImageWidth(m_pImage, &width);
+        if (status != 0) {
+            m_lastStatus = status;
+            return 0;
+        }
+        return width;
+    }
+    ANALYZE_INLINE UINT GetHeight()
+    {
+        UINT height = 0;
+        int status = Gdiplus::DllExports::GdipGetImageHeight(m_pImage, &height);
+        if (status != 0) {
+            m_lastStatus = status;
+            return 0;
+        }
+        return height;
+    }
+
+    Gdiplus::GpImage* m_pImage;
+    int m_lastStatus;
+};
+
+// ---- Objects of the design ------------------------------------------------
+
+// The root object of the design that obj belongs to (obj itself for the root).
+ANALYZE_API HOSTINFO* a_FindRootHostinfo(HOSTINFO* obj);
+// The object of the design with this full name, or null.
+ANALYZE_API HOSTINFO* a_FindHostinfo(LPCSTR name);
+// Calls visit for every object of every open design in creation order until
+// it answers FALSE. Returns FALSE when the walk was stopped.
+typedef BOOL (*HOSTINFOVISITOR)(HOSTINFO* obj, void* context);
+ANALYZE_API BOOL a_EnumHostinfo(HOSTINFOVISITOR visit, void* context);
+// Fills the object's base fields from its window and the creation record.
+ANALYZE_API BOOL a_InitializeHostinfo(HOSTINFO* obj, HWND hwnd, const HOSTCREATE* create);
+// Adds obj to the objects of its host object.
+ANALYZE_API BOOL a_AddHostinfo(HOSTINFO* host, HOSTINFO* obj);
+// Tells the design that obj exists and may now be addressed by name.
+ANALYZE_API void a_HostinfoCreated(HOSTINFO* root, HOSTINFO* obj);
+ANALYZE_API void a_HostinfoDestroyed(HOSTINFO* root, HOSTINFO* obj);
+// Releases what the host keeps for obj (connection list, child table).
+ANALYZE_API void a_CleanHostinfo(HOSTINFO* obj);
+ANALYZE_API BOOL a_RemoveHostinfo(HOSTINFO* host, HOSTINFO* obj);
+ANALYZE_API void a_DestroyChildWindows(HOSTINFO* obj);
+// Draws the selection marks of a selected object on its window's DC.
+ANALYZE_API void a_DrawSelection(HOSTINFO* obj, HDC hdc);
+// The design's selected object (one at most; null clears the selection).
+ANALYZE_API BOOL a_SetSelection(HOSTINFO* root, HOSTINFO* obj);
+ANALYZE_API HOSTINFO* a_GetSelection(HOSTINFO* root);
+
+// ---- Lists ----------------------------------------------------------------
+
+ANALYZE_API BOOL a_AddString(STRINGLIST* list, LPCSTR text);
+ANALYZE_API void a_EmptyStringList(STRINGLIST* list);
+ANALYZE_API void a_EmptyRequestList(REQUESTLIST* list);
+// Appends a connection; target may be null when it is not known yet.
+ANALYZE_API BOOL a_AddConnection(HOSTINFO* obj, LPCSTR text, HOSTINFO* target);
+ANALYZE_API void a_EmptyConnectionList(HOSTINFO* obj);
+
+// ---- Texts ----------------------------------------------------------------
+
+// The key of a design-file line (everything before the first "=", the whole
+// line when it has none). Returns FALSE when it did not fit.
+ANALYZE_API BOOL a_GetKeyword(LPCSTR line, LPSTR key, int size);
+// The value of a design-file line (everything after the first "=", without the
+// line end; empty when there is no "="). Returns FALSE when it did not fit.
+ANALYZE_API BOOL a_GetParameter(LPCSTR line, LPSTR value, int size);
+// "%d,%d,%dx%d" of left, top, width and height.
+ANALYZE_API LPSTR a_GetRectString(const RECT* rect, LPSTR text, int size);
+// The connection string of a connection list (texts joined by ",").
+ANALYZE_API LPSTR a_BuildString(const CONNECTION* list, LPSTR text, int size);
+// "FOLDER\name" below the host's folder, and below its temporary folder.
+ANALYZE_API LPSTR a_MakeFullPathName(LPCSTR name, LPSTR path, int size);
+ANALYZE_API LPSTR a_MakeFullTempPathName(LPCSTR name, LPSTR path, int size);
+ANALYZE_API void* a_Calloc(size_t count, size_t size);
+
+// ---- Resources of the host ------------------------------------------------
+
+enum { HOSTOBJECT_BACKGROUNDBRUSH = 1 };
+ANALYZE_API HGDIOBJ a_GetObject(int id);
+
+// ---- Diagnostics ----------------------------------------------------------
+
+// Developer trace: the debugger output and, when set, the trace file.
+ANALYZE_API void TRACE(LPCSTR format, ...) __attribute__((format(gnu_printf, 1, 2)));
+// A line for the user in the output window of obj's design.
+ANALYZE_API void EDITTRACE(HOSTINFO* obj, LPCSTR format, ...) __attribute__((format(gnu_printf, 2, 3)));
+ANALYZE_API BOOL a_SetTraceFile(LPCSTR path);
+
+// ---- The design document (used by host applications) ----------------------
+// A host application starts GDI+ before it loads plug-ins: plug-ins load
+// their images while they attach.
+
+// Creates the root object of a design: surface is the parent of the objects'
+// windows, output the edit control of the output window (either may be null).
+ANALYZE_API HOSTINFO* a_CreateDesign(HWND surface, HWND output);
+ANALYZE_API void a_DestroyDesign(HOSTINFO* root);
+// Reads a design file into the design. Returns FALSE when the file cannot be
+// read; refused lines are reported in the output window and skipped.
+ANALYZE_API BOOL a_LoadFile(HOSTINFO* root, LPCSTR path);
+// Hands one design-file line to the design (mode 1 when it comes from a file).
+ANALYZE_API BOOL a_LoadLine(HOSTINFO* root, LPCSTR line, int mode);
+// Writes the design: host lines, then pass 0 and pass 1 of every object.
+ANALYZE_API BOOL a_SaveFile(HOSTINFO* root, LPCSTR path);
+// Host variables of the design ("projectversion"), served by the root's
+// OnMessage as text (at most HOSTTEXT_SIZE - 1 characters are copied).
+enum { HOSTTEXT_SIZE = 260 };
+ANALYZE_API BOOL a_SetVariable(HOSTINFO* root, LPCSTR name, LPCSTR value);
+// The lines written to the design's output window, oldest first.
+ANALYZE_API int a_GetOutputLineCount(HOSTINFO* root);
+ANALYZE_API BOOL a_GetOutputLine(HOSTINFO* root, int index, LPSTR text, int size);
+// Whether an object of the design was edited since loading or saving.
+ANALYZE_API BOOL a_IsModified(HOSTINFO* root);

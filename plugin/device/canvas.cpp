@@ -1,0 +1,357 @@
+#include "canvas.h"
+
+#include <commctrl.h>
+#include <windowsx.h>
+
+#include <vector>
+
+#include "consolekeywords.h"
+#include "consoleproperties.h"
+#include "handlers.h"
+#include "partner.h"
+#include "../entry/module.h"
+#include "../entry/projectversion.h"
+
+#include "../../base/text.h"
+#include "../../base/trace.h"
+#include "../../base/banned.h"
+
+namespace {
+
+using namespace Gdiplus;
+
+const UINT_PTR kPollTimer = 111;
+const UINT kPollPeriod = 100;
+const UINT kConfigurationCommand = 1;
+
+// Face colours: the display field shows whether the device answers.
+const ARGB kOnlineFill = 0xFF9BD77A;
+const ARGB kOfflineFill = 0xFFB4B4B4;
+const ARGB kAddressColour = 0xFF202020;
+const ARGB kFaultLedOn = 0xFFE02020;
+const ARGB kFaultLedOff = 0xFF5A2020;
+
+CONSOLEPROPERTIES* PropertiesOf(HWND hwnd)
+{
+    return reinterpret_cast<CONSOLEPROPERTIES*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
+}
+
+int FaceImageId(int model)
+{
+    if (model == MODEL_ELK_CSK || model == MODEL_ORN_CSK)
+        return SMALLCONSOLE_KEYPAD;
+    return model == MODEL_ORN_15CST ? SMALLCONSOLE_ORN : SMALLCONSOLE_ELK;
+}
+
+int ModelFromObjectName(const char* name)
+{
+    const char* underscore = strchr(name, '_');
+    const size_t length = underscore ? (size_t)(underscore - name) : strlen(name);
+    return length == 6 && strncmp(name, "ORNCST", 6) == 0 ? MODEL_ORN_15CST : MODEL_ELK_15CST;
+}
+
+HWND RootWindow(CONSOLEPROPERTIES* c)
+{
+    HOSTINFO* root = a_FindRootHostinfo(c);
+    return root ? root->m_hWnd : NULL;
+}
+
+// The controller object of the console's connection ("CONTROLLER.PORT").
+HOSTINFO* ControllerOf(CONSOLEPROPERTIES* c, char* port, size_t portSize)
+{
+    if (!c->m_pConnections || !c->m_pConnections->text)
+        return nullptr;
+    const char* text = c->m_pConnections->text;
+    const char* dot = strchr(text, '.');
+    char controller[HOSTNAME_SIZE];
+    CopyTextN(controller, sizeof controller, text, dot ? (size_t)(dot - text) : strlen(text));
+    CopyText(port, portSize, dot ? dot + 1 : "");
+    return a_FindHostinfo(controller);
+}
+
+LRESULT Canvas_Create(HWND hwnd, const CREATESTRUCTA* create)
+{
+    const HOSTCREATE* record = static_cast<const HOSTCREATE*>(create->lpCreateParams);
+    CONSOLEPROPERTIES* c = new CONSOLEPROPERTIES;
+    a_InitializeHostinfo(c, hwnd, record);
+    a_AddHostinfo(c->m_pHost, c);
+    c->m_model = ModelFromObjectName(c->m_szName);
+    c->m_oldProject = IsOldProject(c);
+
+    c->m_rect.left = create->x;
+    c->m_rect.top = create->y;
+    c->m_nHostField500 = 500;
+    TAVOBitmap face(SmallConsoleImage(FaceImageId(c->m_model)));
+    const UINT width = face.m_pImage ? face.GetWidth() : 0;
+    const UINT height = face.m_pImage ? face.GetHeight() : 0;
+    if (width && height) {
+        c->m_rect.right = c->m_rect.left + (LONG)width;
+        c->m_rect.bottom = c->m_rect.top + (LONG)height;
+        SetWindowPos(hwnd, NULL, 0, 0, (int)width, (int)height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    } else {
+        c->m_rect.right = c->m_rect.left + (record ? record->cx : create->cx);
+        c->m_rect.bottom = c->m_rect.top + (record ? record->cy : create->cy);
+    }
+
+    CopyText(c->m_szDisplayName, "Untitled");
+    SetWindowLongPtrA(hwnd, GWLP_USERDATA, (LONG_PTR)c);
+    SetWindowLongA(hwnd, GWL_STYLE, GetWindowLongA(hwnd, GWL_STYLE) | WS_CLIPSIBLINGS | WS_CLIPCHILDREN);
+    a_HostinfoCreated(a_FindRootHostinfo(c), c);
+
+    TTTOOLINFOA tool = {};
+    tool.cbSize = sizeof tool;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = hwnd;
+    tool.uId = (UINT_PTR)hwnd;
+    tool.lpszText = const_cast<char*>("");
+    SendMessageA(SharedTooltip(), TTM_ADDTOOLA, 0, (LPARAM)&tool);
+
+    SetTimer(hwnd, kPollTimer, kPollPeriod, NULL);
+    return 1;
+}
+
+void Canvas_Destroy(HWND hwnd, CONSOLEPROPERTIES* c)
+{
+    const bool othersMonitor = AnotherConsoleMonitors(c, MONITORSEARCH_SKIP_NAMES_WITH_OWN);
+    char port[HOSTNAME_SIZE];
+    HOSTINFO* controller = ControllerOf(c, port, sizeof port);
+    if (controller && !othersMonitor) {
+        uint8_t off = 0;
+        WriteVariable(controller, "SystemMonitoringOnEmergency", &off, REQTYPE_FLAG);
+    }
+
+    if (c->m_pChildTable)
+        c->m_pChildTable->RemoveAll();
+    if (c->m_hConfiguration && IsWindow(c->m_hConfiguration))
+        DestroyWindow(c->m_hConfiguration);
+    c->m_hConfiguration = NULL;
+    a_DestroyChildWindows(c);
+
+    if (controller) {
+        c->m_pPartner = nullptr;
+        char position[HOSTNAME_SIZE + 16];
+        FormatText(position, sizeof position, "%s,%d", port, c->m_settings.address);
+        controller->OnDisconnectSource(c->m_szName, position);
+    }
+
+    a_HostinfoDestroyed(a_FindRootHostinfo(c), c);
+    a_CleanHostinfo(c);
+    a_RemoveHostinfo(c->m_pHost, c);
+    KillTimer(hwnd, kPollTimer);
+    SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
+    delete c;
+}
+
+void Canvas_Poll(HWND hwnd, CONSOLEPROPERTIES* c)
+{
+    if (!c->m_pConnections || !c->m_pPartner)
+        return;
+    int faultLed = c->m_faultLed;
+    uint8_t reportFaults = c->m_reportFaultsCache;
+    char name[VARIABLE_NAME_SIZE];
+    FormatText(name, sizeof name, "%s.ReportFaults", c->m_szName);
+    REQUEST led = {REQ_READ, 0, REQTYPE_INT, REQMODE_EDIT, &faultLed, "System.Info.FaultLed", nullptr};
+    c->m_pPartner->OnMessage(0, (LPARAM)&led);
+    REQUEST report = {REQ_READ, 0, REQTYPE_BYTE, REQMODE_EDIT, &reportFaults, name, nullptr};
+    c->m_pPartner->OnMessage(0, (LPARAM)&report);
+    if (faultLed != c->m_faultLed || reportFaults != c->m_reportFaultsCache) {
+        c->m_faultLed = faultLed;
+        c->m_reportFaultsCache = reportFaults;
+        InvalidateRect(hwnd, NULL, TRUE);
+    }
+}
+
+// The face image is held as a flat GDI+ image, so it is drawn with the flat API.
+void DrawFace(HDC hdc, int model, const RECT& client)
+{
+    GpImage* face = SmallConsoleImage(FaceImageId(model));
+    GpGraphics* graphics = nullptr;
+    if (!face || DllExports::GdipCreateFromHDC(hdc, &graphics) != Ok)
+        return;
+    DllExports::GdipDrawImageRectI(graphics, face, 0, 0, client.right, client.bottom);
+    DllExports::GdipDeleteGraphics(graphics);
+}
+
+void Canvas_Paint(HWND hwnd, CONSOLEPROPERTIES* c)
+{
+    PAINTSTRUCT ps;
+    HDC hdc = BeginPaint(hwnd, &ps);
+    RECT client;
+    GetClientRect(hwnd, &client);
+    {
+        Graphics graphics(hdc);
+        SolidBrush fill{Color(c->IsOnline() ? kOnlineFill : kOfflineFill)};
+        if (fill.GetLastStatus() == Ok)
+            graphics.FillRectangle(&fill, 0, 0, (INT)client.right, (INT)client.bottom);
+        DrawFace(hdc, c->m_model, client);
+
+        wchar_t address[8];
+        swprintf(address, sizeof address / sizeof address[0], L"%03d", c->m_settings.address);
+        FontFamily smallFonts(L"Small Fonts");
+        Font font(smallFonts.GetLastStatus() == Ok ? &smallFonts : FontFamily::GenericSansSerif(), 5, FontStyleRegular,
+                  UnitPoint);
+        StringFormat centred;
+        centred.SetAlignment(StringAlignmentCenter);
+        centred.SetLineAlignment(StringAlignmentCenter);
+        SolidBrush ink{Color(kAddressColour)};
+        const RectF field(0, 2, (REAL)client.right, 10);
+        graphics.DrawString(address, -1, &font, field, &centred, &ink);
+
+        const bool fault = c->m_faultLed != 0 || c->m_masterFault != 0;
+        SolidBrush led{Color(fault ? kFaultLedOn : kFaultLedOff)};
+        graphics.FillEllipse(&led, (INT)client.right - 8, 3, 5, 5);
+    }
+    a_DrawSelection(c, hdc);
+    EndPaint(hwnd, &ps);
+}
+
+void Canvas_UpdateTooltip(HWND hwnd, CONSOLEPROPERTIES* c)
+{
+    int keypads = 0;
+    for (uint8_t slot : c->m_settings.extensionSlots)
+        keypads += slot != 0;
+    char suffix[32] = "";
+    if (keypads && c->m_model == MODEL_ORN_15CST)
+        FormatText(suffix, sizeof suffix, ", %d ORN-20CSE", keypads);
+    else if (keypads && c->m_model == MODEL_ELK_15CST)
+        FormatText(suffix, sizeof suffix, ", %d ELK-20CSE", keypads);
+
+    char windowText[65] = "";
+    GetWindowTextA(hwnd, windowText, sizeof windowText);
+    char text[4096 + 256];
+    FormatText(text, sizeof text, "Objectname: \t%s\nAddress: \t%d (0x%02x)\nType: \t\t%s%s\nName: \t\t%.*s", windowText,
+               c->m_settings.address, c->m_settings.address, ModelText(c->m_model), suffix, 4096,
+               c->m_szDisplayName);
+
+    TTTOOLINFOA tool = {};
+    tool.cbSize = sizeof tool;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = hwnd;
+    tool.uId = (UINT_PTR)hwnd;
+    tool.lpszText = text;
+    GetClientRect(hwnd, &tool.rect);
+    HWND tooltip = SharedTooltip();
+    SendMessageA(tooltip, TTM_SETTOOLINFOA, 0, (LPARAM)&tool);
+    SendMessageA(tooltip, TTM_UPDATETIPTEXTA, 0, (LPARAM)&tool);
+    SendMessageA(tooltip, TTM_ACTIVATE, TRUE, 0);
+}
+
+// Posts a mouse message to another window with the cursor in its client coordinates.
+void ForwardMouse(HWND from, HWND to, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (!to)
+        return;
+    POINT point = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    MapWindowPoints(from, to, &point, 1);
+    PostMessageA(to, message, wParam, MAKELPARAM(point.x, point.y));
+}
+
+void Canvas_MouseMove(HWND hwnd, CONSOLEPROPERTIES* c, WPARAM wParam, LPARAM lParam)
+{
+    ForwardMouse(hwnd, RootWindow(c), WM_MOUSEMOVE, wParam, lParam);
+    if (!IsWindowVisible(SharedTooltip()))
+        Canvas_UpdateTooltip(hwnd, c);
+}
+
+void Canvas_OpenConfiguration(CONSOLEPROPERTIES* c)
+{
+    Trace("%s: the configuration window is not implemented yet\n", c->m_szName);
+}
+
+// The names of the listed keywords that have a handler, null-ended.
+const char* const* ListedKeywords()
+{
+    static std::vector<const char*> names;
+    names.clear();
+    const KEYWORDTABLE& table = ConsoleKeywords();
+    for (size_t i = 0; i < table.Count(); i++)
+        if (table.Entry(i).handler && (table.Entry(i).flags & KEYWORD_LISTED))
+            names.push_back(table.Entry(i).keyword.c_str());
+    names.push_back(nullptr);
+    return names.data();
+}
+
+LRESULT Canvas_HitTest(HWND hwnd, CONSOLEPROPERTIES* c, WPARAM wParam, LPARAM lParam)
+{
+    if (GetWindowLongA(hwnd, GWL_STYLE) & WS_SYSMENU)
+        return DefWindowProcA(hwnd, WM_NCHITTEST, wParam, lParam);
+    return GetParent(hwnd) == RootWindow(c) ? HTCLIENT : HTCAPTION;
+}
+
+}  // namespace
+
+LRESULT CALLBACK CanvasWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_CREATE)
+        return Canvas_Create(hwnd, reinterpret_cast<CREATESTRUCTA*>(lParam));
+    CONSOLEPROPERTIES* c = PropertiesOf(hwnd);
+    if (!c)
+        return DefWindowProcA(hwnd, message, wParam, lParam);
+
+    switch (message) {
+    case WM_HOST_MESSAGE:
+        return c->OnMessage(wParam, lParam);
+    case WM_HOST_LOAD:
+        return c->OnLoad(wParam, lParam);
+    case WM_HOST_SAVE:
+        return c->OnSave(wParam, lParam);
+    case WM_HOST_SAVETOLIST:
+        return c->OnSaveToListCtrl(wParam, lParam);
+    case WM_HOST_GETHOSTINFO:
+        return (LRESULT)c;
+    case WM_HOST_GETKEYWORDS:
+        return (LRESULT)ListedKeywords();
+    case WM_HOST_GETDISPLAYTEXT:
+        FormatText((char*)lParam, REQUEST_TEXT_SIZE, "%s (%s)", c->m_szDisplayName, c->m_szName);
+        return lParam;
+    case WM_HOST_CONTEXTMENU:
+        AppendMenuA((HMENU)lParam, MF_SEPARATOR, 0, NULL);
+        AppendMenuA((HMENU)lParam, MF_STRING, kConfigurationCommand, "Configuration");
+        return 0;
+    case WM_HOST_CONTEXTCOMMAND:
+        if (lParam == kConfigurationCommand)
+            Canvas_OpenConfiguration(c);
+        return 0;
+    case WM_USER + 18:
+        return c->m_hConfiguration ? SendMessageA(c->m_hConfiguration, message, wParam, lParam) : 0;
+    case WM_TIMER:
+        if (wParam == kPollTimer)
+            Canvas_Poll(hwnd, c);
+        return 0;
+    case WM_PAINT:
+        Canvas_Paint(hwnd, c);
+        return 0;
+    case WM_MOUSEMOVE:
+        Canvas_MouseMove(hwnd, c, wParam, lParam);
+        return 0;
+    case WM_LBUTTONDOWN:
+        if (c->m_wMode != 0 || wParam == (MK_LBUTTON | MK_CONTROL))
+            ForwardMouse(hwnd, RootWindow(c), message, wParam, lParam);
+        return 0;
+    case WM_LBUTTONDBLCLK:
+        Canvas_OpenConfiguration(c);
+        return 0;
+    case WM_RBUTTONDOWN:
+        if (GetParent(hwnd) == RootWindow(c))
+            ForwardMouse(hwnd, GetParent(hwnd), message, wParam, lParam);
+        return 0;
+    case WM_DRAWITEM:
+        return SendMessageA(reinterpret_cast<DRAWITEMSTRUCT*>(lParam)->hwndItem, message, wParam, lParam);
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORBTN:
+    case WM_CTLCOLORSTATIC:
+        return SendMessageA((HWND)lParam, message, wParam, lParam);
+    case WM_NCHITTEST:
+        return Canvas_HitTest(hwnd, c, wParam, lParam);
+    case WM_NCACTIVATE:
+        UpdateWindow(hwnd);
+        return TRUE;
+    case WM_GETDLGCODE:
+        return DLGC_WANTARROWS | DLGC_WANTALLKEYS;
+    case WM_DESTROY:
+        Canvas_Destroy(hwnd, c);
+        return 0;
+    default:
+        return DefWindowProcA(hwnd, message, wParam, lParam);
+    }
+}

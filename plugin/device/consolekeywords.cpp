@@ -1,0 +1,114 @@
+// Every keyword of a console object, in the order the table is built; the
+// lookup works on the sorted table. Keywords whose handlers are not built yet
+// have none: loading their lines reports "Not implemented".
+#include "consolekeywords.h"
+
+#include "handlers.h"
+
+#include "../../base/text.h"
+#include "../../base/banned.h"
+
+namespace {
+
+const uint32_t S = KEYWORD_SAVED;
+const uint32_t L = KEYWORD_LISTED;
+const uint32_t SL = KEYWORD_SAVED | KEYWORD_LISTED;
+
+KEYWORDTABLE& Table()
+{
+    static KEYWORDTABLE table;
+    return table;
+}
+
+int SentinelHandler(REQUEST*, CONSOLEPROPERTIES*)
+{
+    return 0;
+}
+
+void AddNumbered(KEYWORDTABLE& table, const char* format, int first, int last, uint32_t flags,
+                 KEYWORDHANDLER (*member)(int) = nullptr)
+{
+    for (int n = first; n <= last; n++) {
+        char keyword[32];
+        FormatText(keyword, sizeof keyword, format, n);
+        table.Add(keyword, member ? member(n) : nullptr, 0, flags);
+    }
+}
+
+void AddKeySlots(KEYWORDTABLE& table)
+{
+    for (int key = 0; key < 128; key++) {
+        if (key >= 120 && key <= 122) {
+            char option[32];
+            FormatText(option, sizeof option, "key0%dOptionState", key);
+            table.Add(option, nullptr, 0, S);
+        }
+        char keyword[16];
+        FormatText(keyword, sizeof keyword, "key%03d", key);
+        table.Add(keyword, nullptr, 0, S);
+    }
+}
+
+}  // namespace
+
+void BuildConsoleKeywordTable()
+{
+    KEYWORDTABLE& t = Table();
+    t.Add(" ", SentinelHandler, 0, 0);
+    t.Add("type", TypeHandler, 0, SL);
+    t.Add("connection", nullptr, 0, L);
+    t.Add("address", AddressHandler, 0, SL);
+    t.Add("baudrate", nullptr, 0, L);
+    t.Add("baudratefreeze", nullptr, 0, L);
+    t.Add("slot", nullptr, 0, L);
+    t.Add("preChimeActive", PreChimeHandler, 0, SL);
+    t.Add("reportFaults", ReportFaultsHandler, 0, SL);
+    t.Add("Compressor", CompressorHandler, 0, SL);
+    t.Add("priority", PriorityHandler, 0, SL);
+    t.Add("extensionTypes", ExtensionTypesHandler, 0, 0);
+    t.Add("hostrect", HostRectHandler, 0, 0);
+    t.Add("layer", LayerHandler, 0, S);
+    t.Add("leds", nullptr, 0, 0);
+    t.Add("name", NameHandler, 0, SL);
+    t.Add("BootFirmware.Revision", nullptr, 0, L);
+    t.Add("Firmware.Revision", nullptr, 0, L);
+    t.Add("Runtime", nullptr, 0, L);
+    t.Add("State", nullptr, 0, L);
+    t.Add("OperatingMode", nullptr, 0, L);
+    t.Add("ExtensionCount", ExtensionCountHandler, 0, SL);
+    t.Add("Update.Percent", nullptr, 0, L);
+    t.Add("Update.State", nullptr, 0, L);
+    AddNumbered(t, "Faults%d", 1, 10, L);
+    AddNumbered(t, "FaultMask%d", 1, 6, SL, FaultMaskMemberHandler);
+    t.Add("FaultMaskTest", FaultMaskMemberHandler(7), 0, SL);
+    AddNumbered(t, "FaultMask%d", 8, 10, SL, FaultMaskMemberHandler);
+    t.Add("MasterFault", nullptr, 0, L);
+    t.Add("PTTActive", PttActiveHandler, 0, S);
+    AddNumbered(t, "StateFlags%d", 1, 8, L);
+    t.Add("ShowDate", ShowDateHandler, 0, SL);
+    AddKeySlots(t);
+    t.Add("online", OnlineHandler, 0, 0);
+    t.Add("configuration", nullptr, 0, 0);
+    t.Add("generatePilot", GeneratePilotHandler, 0, SL);
+    t.Add("getInputChannelList", nullptr, 0, 0);
+    AddNumbered(t, "keylabel%03d", 0, 127, S, KeyLabelMemberHandler);
+    t.Add("Buzzer", BuzzerHandler, 0, SL);
+    t.Add("Watchdog.Clear", nullptr, 0, 0);
+    t.Add("Watchdog.Counter", nullptr, 0, 0);
+    t.Add("CANTermination", CanTerminationHandler, 0, SL);
+    t.Add("Find", FindHandler, 0, L);
+    t.Add("BgmMenuActive", BgmMenuHandler, 0, SL);
+    t.Add("ShowLineMonitoring", ShowLineMonitoringHandler, 0, SL);
+    t.Add("ShowPowerManagementStates", ShowPowerManagementHandler, 0, SL);
+    t.Add("DecadicSelectionActive", DecadicSelectionHandler, 0, SL);
+    AddNumbered(t, "NumericKey%d", 0, 11, S);
+    t.Add("GetCSTPagingList", nullptr, 0, 0);
+    t.Add("FireEmergencyMonitoring", FireEmergencyMonitoringHandler, 0, S);
+    t.Add("EmergencyCSTKeys", EmergencyKeysHandler, 0, S);
+    t.Finish();
+}
+
+const KEYWORDTABLE& ConsoleKeywords()
+{
+    return Table();
+}

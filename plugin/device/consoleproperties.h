@@ -1,0 +1,54 @@
+// CONSOLEPROPERTIES: one paging console of the design. The device canvas owns
+// it; the host reaches it through the canvas's WM_APP messages.
+#pragma once
+
+#include "analyze.h"
+
+#include "consolesettings.h"
+#include "keywordtable.h"
+
+// One key slot: the key function and its parameters (0 = no function).
+struct KEYSLOT {
+    int32_t function;
+};
+
+class CONSOLEPROPERTIES final : public HOSTINFO {
+public:
+    CONSOLEPROPERTIES();
+    ~CONSOLEPROPERTIES();
+
+    LRESULT OnLoad(WPARAM mode, LPARAM line) override;
+    LRESULT OnSave(WPARAM pass, LPARAM file) override;
+    LRESULT OnSaveToListCtrl(WPARAM, LPARAM listView) override;
+    LRESULT OnTimer(WPARAM, LPARAM) override;
+    LRESULT OnMessage(WPARAM, LPARAM request) override;
+    BOOL OnGetUserfriendlyName(LPSTR text, int size) override;
+
+    bool IsOnline() const { return (m_wFlags & HOSTFLAG_ONLINE) != 0; }
+    // Feeds "keyword=value" to OnLoad as an edit (mode 0).
+    LRESULT LoadEdit(const char* line);
+    void RefreshCanvas(bool erase);
+
+    KEYSLOT m_keys[CONSOLE_KEY_COUNT];
+    KEYSLOT m_numericKeys[CONSOLE_NUMERICKEY_COUNT];
+    CONSOLESETTINGS m_settings;
+    char m_szDisplayName[DISPLAYNAME_SIZE];
+    int32_t m_model;              // model index, see ModelText()
+    uint8_t m_masterFault;        // last "MasterFault" read
+    uint8_t m_online;             // last answer of the partner's OnIsAlive
+    DWORD m_lastPoll;             // tick of the last OnTimer poll
+    HOSTINFO* m_pPartner;         // the controller port the device is reached through
+    bool m_oldProject;            // the design predates the test fault mask
+    bool m_migrationDone;
+    HWND m_hConfiguration;        // the configuration window, when open
+    int32_t m_faultLed;           // canvas poll caches
+    uint8_t m_reportFaultsCache;
+
+private:
+    CONSOLEPROPERTIES(const CONSOLEPROPERTIES&);
+    CONSOLEPROPERTIES& operator=(const CONSOLEPROPERTIES&);
+    void ReadForSave(const KEYWORDENTRY& entry, char* value, size_t size);
+};
+
+// The properties object behind a host object, when it is a console.
+CONSOLEPROPERTIES* AsConsole(HOSTINFO* obj);

@@ -1,0 +1,16 @@
+// Text rules of a console object's design-file lines. Platform-free.
+#pragma once
+
+#include <stddef.h>
+
+// Splits a full object name at its last "*": prefix gets everything up to and
+// including it (empty when there is none), the result points at the local name.
+const char* SplitObjectName(const char* fullName, char* prefix, size_t prefixSize);
+
+// Old projects had no test fault mask: their FaultMask7..9 are today's
+// FaultMask8..10. Rewrites key in place and answers true when it was shifted.
+bool ShiftOldFaultMaskKey(char* key, size_t size);
+
+// Whether a "projectversion" text names a project older than the test fault
+// mask ("V %d.%d.%d", missing parts 0; empty text is not old).
+bool IsOldProjectVersion(const char* version);

@@ -1,0 +1,49 @@
+// The console's keyword handlers, wired into the keyword table.
+#pragma once
+
+#include "keywordtable.h"
+#include "consolesettings.h"
+
+// Identity and placement.
+int TypeHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int AddressHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int PriorityHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int NameHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int HostRectHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int LayerHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int OnlineHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+
+// Extensions.
+int ExtensionTypesHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int ExtensionCountHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+
+// Stored switches and texts.
+int PttActiveHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int GeneratePilotHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int DecadicSelectionHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int EmergencyKeysHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+KEYWORDHANDLER KeyLabelMemberHandler(int key);  // keylabel000 .. keylabel127
+
+// Settings the device mirrors.
+int PreChimeHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int ReportFaultsHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int CompressorHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int ShowDateHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int BuzzerHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int CanTerminationHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int FindHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int BgmMenuHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int ShowLineMonitoringHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int ShowPowerManagementHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+KEYWORDHANDLER FaultMaskMemberHandler(int mask);  // 1 .. 10, 7 = FaultMaskTest
+int FireEmergencyMonitoringHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+
+enum MONITORSEARCHRULE {
+    MONITORSEARCH_ANY_OTHER,            // any console object but self
+    MONITORSEARCH_SKIP_NAMES_WITH_OWN,  // also skip names that contain self's name
+};
+// Whether another console of the design has its fire-emergency monitoring on.
+bool AnotherConsoleMonitors(const CONSOLEPROPERTIES* self, MONITORSEARCHRULE rule);
+
+// Stores the monitoring switch and sends it to the partner, when there is one.
+void WriteMonitoring(CONSOLEPROPERTIES* c, uint8_t on);

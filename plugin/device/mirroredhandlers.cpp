@@ -1,0 +1,150 @@
+// Handlers of the settings the device holds as well, and the fire-emergency
+// monitoring switch.
+#include "consoleproperties.h"
+#include "family.h"
+#include "handlerkit.h"
+#include "handlers.h"
+#include "partner.h"
+
+#include "../../base/banned.h"
+
+namespace {
+
+const char kMonitoringVariable[] = "SystemMonitoringOnEmergency";
+const char kMonitoringWarning[] =
+    "A configured Monitoring consumes one of the available Program Channels.\n\n"
+    "Please check Program Channel value on Topology/Zones Tab of\n"
+    "the associated controller to avoid any Program Channel related\n"
+    "configuration errors.";
+
+int FaultMaskHandler(REQUEST* r, CONSOLEPROPERTIES* c, int mask)
+{
+    if (mask < 1 || mask > FAULTMASK_COUNT)
+        return 0;
+    char variable[32];
+    if (mask == FAULTMASK_TEST)
+        CopyText(variable, "FaultMaskTest");
+    else
+        FormatText(variable, sizeof variable, "FaultMask%d", mask);
+    return MirroredSetting(r, c, &c->m_settings.faultMask[mask], variable);
+}
+
+constexpr auto kFaultMasks = MakeFamily<FaultMaskHandler, FAULTMASK_COUNT + 1>();
+
+// Monitoring takes a program channel of the controller: warn unless another
+// console monitors already or the controller has its local source set up.
+void WarnAboutProgramChannel(CONSOLEPROPERTIES* c)
+{
+    bool channelTaken = AnotherConsoleMonitors(c, MONITORSEARCH_ANY_OTHER);
+    uint8_t localSource = 0;
+    if (c->m_pPartner && ReadVariable(c->m_pPartner, "ProgramLocalSorceConfig", &localSource, REQTYPE_BYTE) &&
+        localSource)
+        channelTaken = true;
+    if (!channelTaken)
+        MessageBoxA(NULL, kMonitoringWarning, "WARNING", MB_OK | MB_ICONWARNING);
+}
+
+struct MONITORSEARCH {
+    const CONSOLEPROPERTIES* self;
+    MONITORSEARCHRULE rule;
+    bool found;
+};
+
+BOOL FindMonitoringConsole(HOSTINFO* obj, void* context)
+{
+    MONITORSEARCH* search = static_cast<MONITORSEARCH*>(context);
+    if (!strstr(obj->m_szName, "ELKCST_") && !strstr(obj->m_szName, "ORNCST_"))
+        return TRUE;
+    if (search->rule == MONITORSEARCH_SKIP_NAMES_WITH_OWN && strstr(obj->m_szName, search->self->m_szName))
+        return TRUE;
+    const CONSOLEPROPERTIES* console = AsConsole(obj);
+    if (console && console != search->self && console->m_settings.fireEmergencyMonitoring) {
+        search->found = true;
+        return FALSE;
+    }
+    return TRUE;
+}
+
+}  // namespace
+
+bool AnotherConsoleMonitors(const CONSOLEPROPERTIES* self, MONITORSEARCHRULE rule)
+{
+    MONITORSEARCH search = {self, rule, false};
+    a_EnumHostinfo(FindMonitoringConsole, &search);
+    return search.found;
+}
+
+KEYWORDHANDLER FaultMaskMemberHandler(int mask)
+{
+    return kFaultMasks[(size_t)mask];
+}
+
+int PreChimeHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    return MirroredSetting(r, c, &c->m_settings.preChimeActive, "PreChimeAllowed");
+}
+
+int ReportFaultsHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    return MirroredSetting(r, c, &c->m_settings.reportFaults, "ReportFaults");
+}
+
+int CompressorHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    return MirroredSetting(r, c, &c->m_settings.compressor, "Compressor");
+}
+
+int ShowDateHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    return MirroredSetting(r, c, &c->m_settings.showDate, "ShowDate");
+}
+
+int BuzzerHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    return MirroredSetting(r, c, &c->m_settings.buzzer, "Buzzer");
+}
+
+int CanTerminationHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    return MirroredSetting(r, c, &c->m_settings.canTermination, "CANTermination");
+}
+
+int FindHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    return MirroredSetting(r, c, &c->m_settings.find, "Find");
+}
+
+int BgmMenuHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    return MirroredSetting(r, c, &c->m_settings.bgmMenuActive, "BGM_Menu");
+}
+
+int ShowLineMonitoringHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    return MirroredSetting(r, c, &c->m_settings.showLineMonitoring, "ShowLineMonitoring");
+}
+
+int ShowPowerManagementHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    return MirroredSetting(r, c, &c->m_settings.showPowerManagementStates, "ShowPowerManagementStates");
+}
+
+void WriteMonitoring(CONSOLEPROPERTIES* c, uint8_t on)
+{
+    c->m_settings.fireEmergencyMonitoring = on;
+    if (c->m_pPartner)
+        WriteVariable(c->m_pPartner, kMonitoringVariable, &c->m_settings.fireEmergencyMonitoring, REQTYPE_FLAG);
+}
+
+int FireEmergencyMonitoringHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    if (r->operation == REQ_READ)
+        return StoredToggle(r, &c->m_settings.fireEmergencyMonitoring);
+    uint8_t on = 0;
+    if (!StoredToggle(r, &on))
+        return 0;
+    if (on && r->mode != REQMODE_DESIGNFILE)
+        WarnAboutProgramChannel(c);
+    WriteMonitoring(c, on);
+    return 1;
+}

@@ -1,0 +1,96 @@
+// Handlers of settings the design file keeps and the device does not mirror:
+// extensions, switches, texts and key labels.
+#include "consoleproperties.h"
+#include "family.h"
+#include "handlerkit.h"
+#include "handlers.h"
+
+#include "../../base/banned.h"
+
+namespace {
+
+void SetExtensionCount(CONSOLEPROPERTIES* c, int count)
+{
+    c->m_settings.extensionCount = count;
+    for (int slot = 0; slot < CONSOLE_EXTENSION_SLOTS; slot++)
+        c->m_settings.extensionSlots[slot] = slot < count ? 1 : 0;
+}
+
+int KeyLabelHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key)
+{
+    return StoredText(r, c->m_settings.keyLabels[key], KEYLABEL_SIZE);
+}
+
+constexpr auto kKeyLabels = MakeFamily<KeyLabelHandler, CONSOLE_KEY_COUNT>();
+
+}  // namespace
+
+// Five slots read as "1,0,0,0,0"; a write keeps only how many are not 0.
+int ExtensionTypesHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    if (IsRead(r, REQTYPE_TEXT)) {
+        const uint8_t* slots = c->m_settings.extensionSlots;
+        return AnswerText(r, "%d,%d,%d,%d,%d", slots[0], slots[1], slots[2], slots[3], slots[4]);
+    }
+    if (!IsWrite(r, REQTYPE_TEXT) || c->IsOnline())
+        return 0;
+    ZeroMemory(c->m_settings.extensionSlots, sizeof c->m_settings.extensionSlots);
+    int used = 0;
+    const char* p = TextOf(r);
+    for (int slot = 0; slot < CONSOLE_EXTENSION_SLOTS; slot++) {
+        int value = 0;
+        if (!ScanDecimal(p, &value))
+            break;
+        if (value != 0)
+            used++;
+        p = strchr(p, ',');
+        if (!p)
+            break;
+        p++;
+    }
+    char line[64];
+    FormatText(line, sizeof line, "ExtensionCount=%d", used);
+    return (int)c->LoadEdit(line);
+}
+
+int ExtensionCountHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    if (IsRead(r, REQTYPE_INT)) {
+        *static_cast<int*>(r->value) = c->m_settings.extensionCount;
+        return 1;
+    }
+    if (IsRead(r, REQTYPE_TEXT))
+        return AnswerText(r, "%d", c->m_settings.extensionCount);
+    int count = 0;
+    if (!IsWrite(r, REQTYPE_TEXT) || !ScanDecimal(TextOf(r), &count) || count < 0 ||
+        count > CONSOLE_EXTENSION_SLOTS)
+        return 0;
+    SetExtensionCount(c, count);
+    c->RefreshCanvas(true);
+    return 1;
+}
+
+int PttActiveHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    return StoredToggle(r, &c->m_settings.pttActive);
+}
+
+int GeneratePilotHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    return StoredToggle(r, &c->m_settings.generatePilot);
+}
+
+int DecadicSelectionHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    return StoredToggle(r, &c->m_settings.decadicSelectionActive);
+}
+
+int EmergencyKeysHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    return StoredText(r, c->m_settings.emergencyCstKeys, sizeof c->m_settings.emergencyCstKeys);
+}
+
+KEYWORDHANDLER KeyLabelMemberHandler(int key)
+{
+    return kKeyLabels[(size_t)key];
+}
