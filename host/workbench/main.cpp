@@ -2,6 +2,8 @@
 //
 // Loads the plug-in, opens the design and either shows the workbench window
 // or, headless, runs the script and saves. Exit code 0 when every step worked.
+#include <fcntl.h>
+#include <io.h>
 #include <stdio.h>
 #include <string.h>
 
@@ -100,6 +102,9 @@ int Run(const OPTIONS& options)
 
 int main(int argc, char** argv)
 {
+    // Lines end in "\n" alone, whatever reads them.
+    _setmode(_fileno(stdout), _O_BINARY);
+    _setmode(_fileno(stderr), _O_BINARY);
     OPTIONS options;
     if (!ParseOptions(argc, argv, &options)) {
         Usage();

@@ -1,0 +1,71 @@
+# Shared by scripts/test, scripts/demo and scripts/bench: packages, builds and
+# the Wine environment. Source it; it sets ROOT and BUILD.
+ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+BUILD="$ROOT/build"
+JOBS=$(nproc 2>/dev/null || echo 2)
+
+log() { printf '== %s\n' "$*" >&2; }
+
+# Debian packages the builds and tests need. i386 multiarch is not used:
+# 32-bit code is built and inspected, the 64-bit build runs under wine64.
+PACKAGES=(cmake make g++ pkg-config
+          g++-mingw-w64-i686 g++-mingw-w64-x86-64 mingw-w64-tools binutils-mingw-w64-i686
+          wine wine64 xvfb xauth
+          googletest libgtest-dev clang libclang-rt-14-dev)
+
+ensure_packages() {
+    local missing=() package
+    for package in "${PACKAGES[@]}" "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed" || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    log "installing: ${missing[*]}"
+    local sudo=""
+    [ "$(id -u)" -ne 0 ] && sudo=sudo
+    $sudo apt-get update -q >/dev/null || return 1
+    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -q --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+build_number() {
+    git -C "$ROOT" rev-list --count HEAD 2>/dev/null || echo 0
+}
+
+# configure_and_build NAME [cmake arguments...]
+configure_and_build() {
+    local name=$1
+    shift
+    cmake -S "$ROOT" -B "$BUILD/$name" -DDOVRIXC_BUILD_NUMBER="$(build_number)" "$@" >"$BUILD/$name.configure.log" 2>&1 &&
+        cmake --build "$BUILD/$name" -j"$JOBS" >"$BUILD/$name.build.log" 2>&1
+    local status=$?
+    [ $status -ne 0 ] && { log "build $name failed:"; tail -n 30 "$BUILD/$name.build.log" "$BUILD/$name.configure.log" >&2; }
+    return $status
+}
+
+build_windows() {
+    configure_and_build "$1" -DCMAKE_TOOLCHAIN_FILE="$ROOT/cmake/mingw-$1.cmake" -DCMAKE_BUILD_TYPE=Release
+}
+
+# A Wine prefix of the build's own, quiet and non-interactive.
+wine_env() {
+    export WINEPREFIX="$BUILD/wineprefix"
+    export WINEDEBUG=-all
+    export WINEDLLOVERRIDES="mscoree,mshtml="
+    export WINE=/usr/lib/wine/wine64
+    [ -x "$WINE" ] || WINE=$(command -v wine64 || command -v wine)
+    if [ ! -f "$WINEPREFIX/.dovrixc-ready" ]; then
+        log "creating the Wine prefix"
+        mkdir -p "$WINEPREFIX"
+        xvfb-run -a "$WINE" wineboot -i >/dev/null 2>&1
+        # No crash dialog; no window manager under Xvfb, so Wine must not wait for one.
+        xvfb-run -a "$WINE" reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >/dev/null 2>&1
+        xvfb-run -a "$WINE" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /t REG_SZ /d N /f >/dev/null 2>&1
+        touch "$WINEPREFIX/.dovrixc-ready"
+    fi
+}
+
+# The Windows form of a Unix path, as Wine maps the root to Z:.
+winpath() {
+    local path
+    path=$(cd "$(dirname "$1")" && pwd)/$(basename "$1")
+    printf 'Z:%s' "${path//\//\\}"
+}

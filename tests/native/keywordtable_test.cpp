@@ -1,0 +1,52 @@
+#include <gtest/gtest.h>
+
+#include "../../plugin/device/keywordtable.h"
+#include "tracecapture.h"
+
+namespace {
+
+int Answer1(REQUEST*, CONSOLEPROPERTIES*)
+{
+    return 1;
+}
+
+KEYWORDTABLE SmallTable()
+{
+    KEYWORDTABLE table;
+    for (const char* keyword : {"type", " ", "FaultMask10", "key0120OptionState", "FaultMask1", "key013", "FaultMask2",
+                                "key012", "Buzzer", "address"})
+        table.Add(keyword, Answer1, 0, KEYWORD_SAVED);
+    table.Finish();
+    return table;
+}
+
+}  // namespace
+
+TEST(KeywordTable, SortsByteWise)
+{
+    KEYWORDTABLE table = SmallTable();
+    std::vector<std::string> order;
+    for (size_t i = 0; i < table.Count(); i++)
+        order.push_back(table.Entry(i).keyword);
+    const std::vector<std::string> expected = {" ",      "Buzzer", "FaultMask1",         "FaultMask10", "FaultMask2",
+                                               "address", "key012", "key0120OptionState", "key013",      "type"};
+    EXPECT_EQ(order, expected);
+}
+
+TEST(KeywordTable, LookupIsExactAndZeroMeansNotFound)
+{
+    KEYWORDTABLE table = SmallTable();
+    TraceLines().clear();
+    EXPECT_EQ(table.Lookup("Buzzer"), 1);
+    EXPECT_EQ(table.Lookup("type"), 9);
+    EXPECT_TRUE(TraceLines().empty());
+
+    // The blank sentinel is found at index 0, which reads as "not found".
+    EXPECT_EQ(table.Lookup(" "), 0);
+    EXPECT_TRUE(TraceLines().empty());
+    EXPECT_EQ(table.Lookup("buzzer"), 0);
+    EXPECT_EQ(table.Lookup("FaultMask7"), 0);
+    const std::vector<std::string> expected = {"Console Keyword not found: buzzer\n",
+                                               "Console Keyword not found: FaultMask7\n"};
+    EXPECT_EQ(TraceLines(), expected);
+}

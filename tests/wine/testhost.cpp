@@ -1,0 +1,182 @@
+#include "testhost.h"
+
+#include <stdio.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "../../base/text.h"
+
+namespace {
+
+const char kSurfaceClass[] = "TestDesignSurface";
+
+struct CATCHER {
+    HHOOK hook = NULL;
+    std::vector<std::string> texts;
+};
+
+CATCHER& Catcher()
+{
+    static CATCHER catcher;
+    return catcher;
+}
+
+LRESULT CALLBACK CatchMessageBox(int code, WPARAM wParam, LPARAM lParam)
+{
+    if (code == HCBT_ACTIVATE) {
+        HWND box = (HWND)wParam;
+        char className[16] = "";
+        GetClassNameA(box, className, sizeof className);
+        if (strcmp(className, "#32770") == 0) {
+            char text[1024] = "";
+            GetDlgItemTextA(box, 0xFFFF, text, sizeof text);  // a message box's text control
+            Catcher().texts.push_back(text);
+            PostMessageA(box, WM_COMMAND, IDOK, 0);
+        }
+    }
+    return CallNextHookEx(Catcher().hook, code, wParam, lParam);
+}
+
+void RegisterSurfaceClass()
+{
+    static bool registered = false;
+    if (registered)
+        return;
+    WNDCLASSA wc = {};
+    wc.lpfnWndProc = DefWindowProcA;
+    wc.hInstance = GetModuleHandleA(NULL);
+    wc.lpszClassName = kSurfaceClass;
+    registered = RegisterClassA(&wc) != 0;
+}
+
+}  // namespace
+
+HMODULE Plugin()
+{
+    static HMODULE plugin = LoadLibraryA("DOVRIXC.dll");
+    return plugin;
+}
+
+PLUGINCALLBACK PluginCallback()
+{
+    return (PLUGINCALLBACK)(void*)GetProcAddress(Plugin(), "fnCallback");
+}
+
+TESTDESIGN::TESTDESIGN()
+{
+    Plugin();
+    RegisterSurfaceClass();
+    m_surface = CreateWindowExA(0, kSurfaceClass, "surface", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 0, 0, 800, 600,
+                                NULL, NULL, GetModuleHandleA(NULL), NULL);
+    m_root = a_CreateDesign(m_surface, NULL);
+}
+
+TESTDESIGN::~TESTDESIGN()
+{
+    a_DestroyDesign(m_root);
+    DestroyWindow(m_surface);
+}
+
+void TESTDESIGN::Load(const std::vector<std::string>& lines)
+{
+    for (const std::string& line : lines)
+        a_LoadLine(m_root, line.c_str(), REQMODE_DESIGNFILE);
+}
+
+void TESTDESIGN::Edit(const std::string& line)
+{
+    a_LoadLine(m_root, line.c_str(), REQMODE_EDIT);
+}
+
+HOSTINFO* TESTDESIGN::Object(const char* name) const
+{
+    return a_FindHostinfo(name);
+}
+
+std::string TESTDESIGN::Get(const char* object, const char* keyword, LRESULT* answer) const
+{
+    HOSTINFO* obj = Object(object);
+    if (!obj)
+        return "<no object>";
+    char value[4096] = {};
+    REQUEST request = {REQ_READ, 0, REQTYPE_TEXT, REQMODE_EDIT, value, keyword, nullptr};
+    const LRESULT result = SendMessageA(obj->m_hWnd, WM_HOST_MESSAGE, 0, (LPARAM)&request);
+    if (answer)
+        *answer = result;
+    return value;
+}
+
+std::vector<std::string> TESTDESIGN::Output() const
+{
+    std::vector<std::string> lines;
+    char line[4096];
+    for (int i = 0; i < a_GetOutputLineCount(m_root); i++)
+        if (a_GetOutputLine(m_root, i, line, sizeof line))
+            lines.push_back(line);
+    return lines;
+}
+
+std::vector<std::string> TESTDESIGN::SavedLines(std::string* raw) const
+{
+    const std::string path = TempFolder() + "\\saved.ds";
+    a_SaveFile(m_root, path.c_str());
+    const std::string content = ReadFileBytes(path);
+    if (raw)
+        *raw = content;
+    std::vector<std::string> lines;
+    size_t start = 0;
+    while (start < content.size()) {
+        size_t end = content.find("\r\n", start);
+        if (end == std::string::npos)
+            end = content.size();
+        lines.push_back(content.substr(start, end - start));
+        start = end + 2;
+    }
+    return lines;
+}
+
+MESSAGEBOXCATCHER::MESSAGEBOXCATCHER()
+{
+    Catcher().texts.clear();
+    Catcher().hook = SetWindowsHookExA(WH_CBT, CatchMessageBox, NULL, GetCurrentThreadId());
+}
+
+MESSAGEBOXCATCHER::~MESSAGEBOXCATCHER()
+{
+    UnhookWindowsHookEx(Catcher().hook);
+    Catcher().hook = NULL;
+}
+
+const std::vector<std::string>& MESSAGEBOXCATCHER::Texts() const
+{
+    return Catcher().texts;
+}
+
+std::string SourcePath(const char* relative)
+{
+    std::string path = std::string("Z:") + DOVRIXC_SOURCE_DIR + "/" + relative;
+    for (char& c : path)
+        if (c == '/')
+            c = '\\';
+    return path;
+}
+
+std::string TempFolder()
+{
+    static int counter = 0;
+    char base[MAX_PATH];
+    GetTempPathA(sizeof base, base);
+    char folder[MAX_PATH];
+    FormatText(folder, sizeof folder, "%sdovrixc-test-%lu-%d", base, GetCurrentProcessId(), ++counter);
+    CreateDirectoryA(folder, NULL);
+    return folder;
+}
+
+std::string ReadFileBytes(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::stringstream content;
+    content << file.rdbuf();
+    return content.str();
+}

@@ -1,0 +1,53 @@
+// What the tests under Wine share: the loaded plug-in, a design to put
+// consoles in, message boxes caught by a hook, and paths.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "analyze.h"
+
+typedef INT_PTR (*PLUGINCALLBACK)(int code, HOSTINFO* host, LPARAM param);
+typedef FILE* (*FILEOPEN)(const char* folder, const char* relative, const char* mode);
+
+// The plug-in, loaded once for the whole run (GDI+ is started before).
+HMODULE Plugin();
+PLUGINCALLBACK PluginCallback();
+
+// A design on a hidden surface, destroyed with the object.
+class TESTDESIGN {
+public:
+    TESTDESIGN();
+    ~TESTDESIGN();
+    HOSTINFO* Root() const { return m_root; }
+    HWND Surface() const { return m_surface; }
+    // Loads design-file lines (mode 1), one per entry.
+    void Load(const std::vector<std::string>& lines);
+    // An edit, as the property list makes it (mode 0).
+    void Edit(const std::string& line);
+    HOSTINFO* Object(const char* name) const;
+    // Reads a keyword through the object's OnMessage (type 11); empty when refused.
+    std::string Get(const char* object, const char* keyword, LRESULT* answer = nullptr) const;
+    std::vector<std::string> Output() const;
+    // Saves and returns the file's lines, without their CR LF.
+    std::vector<std::string> SavedLines(std::string* raw = nullptr) const;
+
+private:
+    HWND m_surface;
+    HOSTINFO* m_root;
+};
+
+// Catches message boxes of this thread while it lives: each box's text is
+// recorded and the box closed at once with its default button.
+class MESSAGEBOXCATCHER {
+public:
+    MESSAGEBOXCATCHER();
+    ~MESSAGEBOXCATCHER();
+    const std::vector<std::string>& Texts() const;
+};
+
+std::string SourcePath(const char* relative);  // a file of the source tree
+std::string TempFolder();                       // a fresh folder for one test
+std::string ReadFileBytes(const std::string& path);

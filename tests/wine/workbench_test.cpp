@@ -1,0 +1,108 @@
+// The workbench as users and scripts drive it: a separate process.
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "testhost.h"
+
+namespace {
+
+struct RUN {
+    DWORD exitCode = 0xFFFFFFFF;
+    std::string out;
+    std::string err;
+};
+
+HANDLE InheritableFile(const std::string& path)
+{
+    SECURITY_ATTRIBUTES inherit = {sizeof inherit, NULL, TRUE};
+    return CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherit, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
+                       NULL);
+}
+
+RUN Workbench(const std::string& arguments)
+{
+    const std::string folder = TempFolder();
+    HANDLE out = InheritableFile(folder + "\\out.txt");
+    HANDLE err = InheritableFile(folder + "\\err.txt");
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdOutput = out;
+    startup.hStdError = err;
+    startup.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
+    std::string command = "workbench.exe --headless " + arguments;
+    PROCESS_INFORMATION process = {};
+    RUN run;
+    if (CreateProcessA(NULL, &command[0], NULL, NULL, TRUE, 0, NULL, NULL, &startup, &process)) {
+        WaitForSingleObject(process.hProcess, INFINITE);
+        GetExitCodeProcess(process.hProcess, &run.exitCode);
+        CloseHandle(process.hThread);
+        CloseHandle(process.hProcess);
+    }
+    CloseHandle(out);
+    CloseHandle(err);
+    run.out = ReadFileBytes(folder + "\\out.txt");
+    run.err = ReadFileBytes(folder + "\\err.txt");
+    return run;
+}
+
+std::string WriteScript(const std::string& text)
+{
+    const std::string path = TempFolder() + "\\script.txt";
+    std::ofstream(path, std::ios::binary) << text;
+    return path;
+}
+
+}  // namespace
+
+TEST(Workbench, SampleDesignRoundTripsByteForByte)
+{
+    const std::string sample = SourcePath("samples/sample.ds");
+    const std::string saved = TempFolder() + "\\saved.ds";
+    const RUN run = Workbench("\"" + sample + "\" --save \"" + saved + "\"");
+    EXPECT_EQ(run.exitCode, 0u) << run.err;
+    const std::string original = ReadFileBytes(sample);
+    ASSERT_FALSE(original.empty());
+    EXPECT_EQ(ReadFileBytes(saved), original);
+}
+
+TEST(Workbench, ScriptReadsWritesAndReports)
+{
+    const std::string script = WriteScript(
+        "get ORNCST_1 name\n"
+        "set Site*Floor1*ELKCST_3*priority=4\n"
+        "get Site*Floor1*ELKCST_3 priority\n"
+        "set ORNCST_1*priority=abc\n"
+        "frobnicate\n"
+        "get ORNCST_1 Runtime\n"
+        "callback 13\n"
+        "callback 2\n"
+        "trace\n");
+    const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
+    EXPECT_NE(run.exitCode, 0u);
+    EXPECT_NE(run.out.find("name=Reception desk\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("priority=4\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("\tBuild: "), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("\n0\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("Error reading line priority\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.err.find("(5): unknown command 'frobnicate'"), std::string::npos) << run.err;
+    EXPECT_NE(run.err.find("gives no value for Runtime"), std::string::npos) << run.err;
+}
+
+TEST(Workbench, BrokenDesignLinesAreReportedWithTheirNumbers)
+{
+    const std::string design = WriteScript(
+        "control=0 DOVRIXC \"ORNCST_1\" 0x54000000 0,0,20x20\r\n"
+        "this line has no equals sign\r\n"
+        "control=0 NOSUCHCLASS \"X_1\" 0x54000000 0,0,20x20\r\n"
+        "control=0 DOVRIXC \"ORNCST_1\" 0x54000000 0,0,20x20\r\n"
+        "NOBODY_9*name=x\r\n");
+    const std::string script = WriteScript("trace\n");
+    const RUN run = Workbench("\"" + design + "\" --script \"" + script + "\"");
+    EXPECT_EQ(run.exitCode, 0u) << run.err;
+    EXPECT_NE(run.out.find("(2): Malformed line:"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("(3): Unknown window class NOSUCHCLASS"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("(4): Object exists already: ORNCST_1"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("(5): Unknown object NOBODY_9"), std::string::npos) << run.out;
+}
