@@ -5,7 +5,7 @@
 //   save FILE               writes the design
 //   callback CODE           calls the plug-in's fnCallback
 //   trace                   prints the output window's lines
-//   screenshot FILE         writes the design surface as a PNG
+//   screenshot FILE         writes the workbench window's client area as a PNG
 //   # ...                   a comment; blank lines are skipped
 #pragma once
 

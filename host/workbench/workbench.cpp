@@ -128,7 +128,7 @@ bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command)
         ok = PrintTrace(bench);
         break;
     case SCRIPT_SCREENSHOT:
-        ok = SaveScreenshot(bench->surface, command.text.c_str());
+        ok = SaveScreenshot(GetAncestor(bench->surface, GA_ROOT), command.text.c_str());
         break;
     }
     fflush(stdout);

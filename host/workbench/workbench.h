@@ -32,5 +32,6 @@ bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command);
 // Runs a script file; returns the number of lines that failed.
 int RunScript(WORKBENCH* bench, const char* path);
 
-// Writes the surface and its children as a PNG (the window is shown for it).
+// Writes a window's client area with its children as a PNG (the window is
+// shown for it).
 bool SaveScreenshot(HWND window, const char* path);

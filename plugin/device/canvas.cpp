@@ -9,6 +9,7 @@
 #include "consoleproperties.h"
 #include "handlers.h"
 #include "partner.h"
+#include "../entry/fonts.h"
 #include "../entry/module.h"
 #include "../entry/projectversion.h"
 
@@ -29,7 +30,7 @@ const ARGB kOnlineFill = 0xFF9BD77A;
 const ARGB kOfflineFill = 0xFFB4B4B4;
 const ARGB kAddressColour = 0xFF202020;
 const ARGB kFaultLedOn = 0xFFE02020;
-const ARGB kFaultLedOff = 0xFF5A2020;
+const ARGB kFaultLedOff = 0xFF3C3C3C;
 
 CONSOLEPROPERTIES* PropertiesOf(HWND hwnd)
 {
@@ -187,15 +188,15 @@ void Canvas_Paint(HWND hwnd, CONSOLEPROPERTIES* c)
 
         wchar_t address[8];
         swprintf(address, sizeof address / sizeof address[0], L"%03d", c->m_settings.address);
-        FontFamily smallFonts(L"Small Fonts");
-        Font font(smallFonts.GetLastStatus() == Ok ? &smallFonts : FontFamily::GenericSansSerif(), 5, FontStyleRegular,
-                  UnitPoint);
-        StringFormat centred;
-        centred.SetAlignment(StringAlignmentCenter);
-        centred.SetLineAlignment(StringAlignmentCenter);
-        SolidBrush ink{Color(kAddressColour)};
-        const RectF field(0, 2, (REAL)client.right, 10);
-        graphics.DrawString(address, -1, &font, field, &centred, &ink);
+        if (std::unique_ptr<FontFamily> family = OutlineFontFamily(L"Small Fonts")) {
+            Font font(family.get(), 5, FontStyleRegular, UnitPoint);
+            StringFormat centred;
+            centred.SetAlignment(StringAlignmentCenter);
+            centred.SetLineAlignment(StringAlignmentCenter);
+            SolidBrush ink{Color(kAddressColour)};
+            const RectF field(0, 2, (REAL)client.right, 11);
+            graphics.DrawString(address, -1, &font, field, &centred, &ink);
+        }
 
         const bool fault = c->m_faultLed != 0 || c->m_masterFault != 0;
         SolidBrush led{Color(fault ? kFaultLedOn : kFaultLedOff)};

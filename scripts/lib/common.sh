@@ -50,17 +50,24 @@ wine_env() {
     export WINEPREFIX="$BUILD/wineprefix"
     export WINEDEBUG=-all
     export WINEDLLOVERRIDES="mscoree,mshtml="
-    export WINE=/usr/lib/wine/wine64
+    export WINE=/usr/lib/wine/wine64 WINESERVER=/usr/lib/wine/wineserver64
     [ -x "$WINE" ] || WINE=$(command -v wine64 || command -v wine)
+    [ -x "$WINESERVER" ] || WINESERVER=$(command -v wineserver)
     if [ ! -f "$WINEPREFIX/.dovrixc-ready" ]; then
         log "creating the Wine prefix"
         mkdir -p "$WINEPREFIX"
-        xvfb-run -a "$WINE" wineboot -i >/dev/null 2>&1
         # No crash dialog; no window manager under Xvfb, so Wine must not wait for one.
-        xvfb-run -a "$WINE" reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >/dev/null 2>&1
-        xvfb-run -a "$WINE" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /t REG_SZ /d N /f >/dev/null 2>&1
+        in_xvfb bash -c '"$WINE" wineboot -i &&
+            "$WINE" reg add "HKCU\Software\Wine\WineDbg" /v ShowCrashDialog /t REG_DWORD /d 0 /f &&
+            "$WINE" reg add "HKCU\Software\Wine\X11 Driver" /v Managed /t REG_SZ /d N /f' >/dev/null 2>&1
         touch "$WINEPREFIX/.dovrixc-ready"
     fi
+}
+
+# Runs a command under a private X server and waits for Wine to wind down
+# before the server goes, so no client loses its display mid-way.
+in_xvfb() {
+    xvfb-run -a bash -c '"$@"; status=$?; "${WINESERVER:-wineserver}" -w; exit $status' in_xvfb "$@"
 }
 
 # The Windows form of a Unix path, as Wine maps the root to Z:.
