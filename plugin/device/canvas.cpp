@@ -279,9 +279,7 @@ LRESULT Canvas_HitTest(HWND hwnd, CONSOLEPROPERTIES* c, WPARAM wParam, LPARAM lP
     return GetParent(hwnd) == RootWindow(c) ? HTCLIENT : HTCAPTION;
 }
 
-}  // namespace
-
-LRESULT CALLBACK CanvasWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT Canvas_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_CREATE)
         return Canvas_Create(hwnd, reinterpret_cast<CREATESTRUCTA*>(lParam));
@@ -354,5 +352,18 @@ LRESULT CALLBACK CanvasWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lP
         return 0;
     default:
         return DefWindowProcA(hwnd, message, wParam, lParam);
+    }
+}
+
+}  // namespace
+
+// Nothing thrown inside the plug-in crosses into the host's message loop.
+LRESULT CALLBACK CanvasWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    try {
+        return Canvas_Dispatch(hwnd, message, wParam, lParam);
+    } catch (...) {
+        Trace("DOVRIXC: message 0x%04x failed in the canvas\n", message);
+        return 0;
     }
 }

@@ -68,7 +68,7 @@ LRESULT CONSOLEPROPERTIES::OnLoad(WPARAM mode, LPARAM lParam)
     // Handlers may feed lines back to OnLoad, so the buffers are per call.
     char key[kLineSize];
     char value[kLineSize];
-    const bool keyFits = a_GetKeyword(line, key, sizeof key);
+    a_GetKeyword(line, key, sizeof key);
     const bool valueFits = a_GetParameter(line, value, sizeof value);
 
     if (m_oldProject && mode == REQMODE_DESIGNFILE) {
@@ -76,8 +76,9 @@ LRESULT CONSOLEPROPERTIES::OnLoad(WPARAM mode, LPARAM lParam)
         ShiftOldFaultMaskKey(key, sizeof key);
     }
 
+    // A key cut short by its buffer matches no keyword and is traced as unknown.
     const KEYWORDTABLE& table = ConsoleKeywords();
-    const uint16_t index = keyFits ? table.Lookup(key) : 0;
+    const uint16_t index = table.Lookup(key);
     if (index == 0)
         return 0;
     const KEYWORDENTRY& entry = table.Entry(index);

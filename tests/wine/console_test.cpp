@@ -184,6 +184,64 @@ TEST(Console, LookupAnswersWhetherTheKeywordExists)
     EXPECT_EQ(Lookup(console, "control"), 0);
 }
 
+// Every keyword a console knows, family by family, as the device names them.
+std::vector<std::string> AllKeywords()
+{
+    std::vector<std::string> names = {"type", "connection", "address", "baudrate", "baudratefreeze", "slot",
+                                      "preChimeActive", "reportFaults", "Compressor", "priority", "extensionTypes",
+                                      "hostrect", "layer", "leds", "name", "BootFirmware.Revision",
+                                      "Firmware.Revision", "Runtime", "State", "OperatingMode", "ExtensionCount",
+                                      "Update.Percent", "Update.State", "FaultMaskTest", "MasterFault", "PTTActive",
+                                      "ShowDate", "online", "configuration", "generatePilot", "getInputChannelList",
+                                      "Buzzer", "Watchdog.Clear", "Watchdog.Counter", "CANTermination", "Find",
+                                      "BgmMenuActive", "ShowLineMonitoring", "ShowPowerManagementStates",
+                                      "DecadicSelectionActive", "GetCSTPagingList", "FireEmergencyMonitoring",
+                                      "EmergencyCSTKeys", "key0120OptionState", "key0121OptionState",
+                                      "key0122OptionState"};
+    char name[32];
+    for (int n = 1; n <= 10; n++) {
+        snprintf(name, sizeof name, "Faults%d", n);
+        names.push_back(name);
+        if (n != 7) {
+            snprintf(name, sizeof name, "FaultMask%d", n);
+            names.push_back(name);
+        }
+    }
+    for (int n = 1; n <= 8; n++) {
+        snprintf(name, sizeof name, "StateFlags%d", n);
+        names.push_back(name);
+    }
+    for (int n = 0; n < 128; n++) {
+        snprintf(name, sizeof name, "key%03d", n);
+        names.push_back(name);
+        snprintf(name, sizeof name, "keylabel%03d", n);
+        names.push_back(name);
+    }
+    for (int n = 0; n < 12; n++) {
+        snprintf(name, sizeof name, "NumericKey%d", n);
+        names.push_back(name);
+    }
+    return names;
+}
+
+TEST(Console, KnowsAllItsKeywords)
+{
+    TESTDESIGN design;
+    design.Load({kConsole});
+    const std::vector<std::string> names = AllKeywords();
+    EXPECT_EQ(names.size(), 341u);
+    std::vector<int32_t> indexes;
+    for (const std::string& name : names) {
+        int32_t index = 0;
+        EXPECT_EQ(Lookup(design.Object("ORNCST_1"), name.c_str(), nullptr, &index), 1) << name;
+        indexes.push_back(index);
+    }
+    std::sort(indexes.begin(), indexes.end());
+    EXPECT_EQ(std::unique(indexes.begin(), indexes.end()), indexes.end());
+    EXPECT_EQ(indexes.front(), 1);
+    EXPECT_EQ(indexes.back(), 341);
+}
+
 TEST(Console, SavesControlPropertyAndConnectionLines)
 {
     TESTDESIGN design;
