@@ -59,6 +59,19 @@ bool AppendText(char* dst, size_t size, const char* src)
     return CopyText(dst + used, size - used, src);
 }
 
+bool ScanLeadingInt(const char* text, int* value)
+{
+    if (!text)
+        return false;
+    char* end = nullptr;
+    errno = 0;
+    const long parsed = strtol(text, &end, 10);
+    if (end == text || errno == ERANGE || parsed < INT_MIN || parsed > INT_MAX)
+        return false;
+    *value = (int)parsed;
+    return true;
+}
+
 bool ParseInt(const char* text, int* value)
 {
     if (!text)

@@ -48,6 +48,10 @@ inline bool Format(char (&buf)[N], const char* format, ...)
     return fitted;
 }
 
+// Parses a decimal integer at the start of text, after blanks, as "%d" does,
+// but refuses one that does not fit an int. Text after the number is ignored.
+bool ScanLeadingInt(const char* text, int* value);
+
 // Parses a whole decimal integer with optional sign and surrounding blanks.
 // Returns false for empty text, trailing garbage or a value outside int.
 bool ParseInt(const char* text, int* value);

@@ -1,6 +1,8 @@
 // The root object of a design: its variables and its output window.
 #include "design.h"
 
+#include "controller.h"
+
 #include <algorithm>
 
 #include "../../base/text.h"
@@ -101,6 +103,7 @@ void DESIGN::AppendOutput(const char* line)
 
 HOSTINFO* a_CreateDesign(HWND surface, HWND output)
 {
+    RegisterControllerClasses();
     DESIGN* design = new DESIGN(surface, output);
     OpenDesigns().push_back(design);
     return design;

@@ -223,6 +223,16 @@ bool ParseRectString(const char* text, int* x, int* y, int* cx, int* cy)
     return true;
 }
 
+bool SplitKeyValue(const std::string& line, std::string* key, std::string* value)
+{
+    const size_t equals = line.find('=');
+    if (equals == std::string::npos)
+        return false;
+    *key = line.substr(0, equals);
+    *value = line.substr(equals + 1);
+    return true;
+}
+
 bool CopyLineKey(const char* line, char* key, size_t size)
 {
     const char* equals = strchr(line, '=');

@@ -43,6 +43,9 @@ bool ParseControlSpec(const std::string& value, CONTROLSPEC* spec, std::string* 
 std::string FormatRectString(int left, int top, int width, int height);
 bool ParseRectString(const char* text, int* x, int* y, int* cx, int* cy);
 
+// "key=value" split at the first "="; false when there is none.
+bool SplitKeyValue(const std::string& line, std::string* key, std::string* value);
+
 // The two halves of a "key=value" line; false when the buffer was too small
 // (the buffer then holds the truncated text).
 bool CopyLineKey(const char* line, char* key, size_t size);

@@ -354,6 +354,13 @@ ANALYZE_API void* a_Calloc(size_t count, size_t size);
 enum { HOSTOBJECT_BACKGROUNDBRUSH = 1 };
 ANALYZE_API HGDIOBJ a_GetObject(int id);
 
+// ---- Time -----------------------------------------------------------------
+
+// The host's clock in milliseconds: GetTickCount, plus whatever time a host
+// that simulates time has added (the workbench's "tick").
+ANALYZE_API DWORD a_GetTickCount();
+ANALYZE_API void a_AdvanceClock(DWORD milliseconds);
+
 // ---- Diagnostics ----------------------------------------------------------
 
 // Developer trace: the debugger output and, when set, the trace file.
@@ -386,3 +393,10 @@ ANALYZE_API int a_GetOutputLineCount(HOSTINFO* root);
 ANALYZE_API BOOL a_GetOutputLine(HOSTINFO* root, int index, LPSTR text, int size);
 // Whether an object of the design was edited since loading or saving.
 ANALYZE_API BOOL a_IsModified(HOSTINFO* root);
+
+// The simulated devices behind the design's controllers ("ORNCON_n",
+// "ELKCON_n"). object names a controller, whose variable is set ("CAN.Baudrate"
+// for "ORNCON_1.CAN.Baudrate", or a controller-wide name such as "online"), or
+// a console known to a controller, whose device variable is set ("Faults3",
+// "FirmwareRevision5"; "online" switches the device on or off).
+ANALYZE_API BOOL a_SimulateDevice(LPCSTR object, LPCSTR variable, int value);

@@ -83,6 +83,8 @@ int Run(const OPTIONS& options)
         fprintf(stderr, "workbench: cannot create the window\n");
         return 2;
     }
+    if (options.headless)
+        AnswerMessageBoxes();
     int failures = 0;
     if (options.design && !OpenDesign(&bench, options.design))
         failures++;

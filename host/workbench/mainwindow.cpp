@@ -135,12 +135,6 @@ void Frame_Command(HWND hwnd, FRAME* frame, int id)
     Frame_UpdateStatus(hwnd, frame);
 }
 
-BOOL TickObject(HOSTINFO* obj, void*)
-{
-    obj->OnTimer(0, 0);
-    return TRUE;
-}
-
 LRESULT CALLBACK FrameWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_CREATE)
@@ -156,7 +150,7 @@ LRESULT CALLBACK FrameWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
         Frame_Command(hwnd, frame, LOWORD(wParam));
         return 0;
     case WM_TIMER:
-        a_EnumHostinfo(TickObject, nullptr);
+        TickObjects();
         Frame_UpdateStatus(hwnd, frame);
         return 0;
     case WM_DESTROY:

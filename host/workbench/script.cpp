@@ -20,6 +20,25 @@ bool Fail(std::string* error, const std::string& message)
     return false;
 }
 
+// Splits text at its last blank into what comes before and the last word.
+bool LastWord(const std::string& text, std::string* head, std::string* last)
+{
+    const size_t split = text.find_last_of(" \t");
+    if (split == std::string::npos)
+        return false;
+    *head = Trimmed(text.substr(0, split));
+    *last = text.substr(split + 1);
+    return !head->empty() && !last->empty();
+}
+
+bool OnOff(const std::string& word, int* value)
+{
+    if (word != "on" && word != "off")
+        return false;
+    *value = word == "on";
+    return true;
+}
+
 }  // namespace
 
 bool ParseScriptLine(const std::string& rawLine, SCRIPTCOMMAND* command, std::string* error)
@@ -43,12 +62,9 @@ bool ParseScriptLine(const std::string& rawLine, SCRIPTCOMMAND* command, std::st
         return true;
     }
     if (verb == "get") {
-        const size_t split = rest.find_last_of(" \t");
-        if (split == std::string::npos)
+        if (!LastWord(rest, &command->object, &command->text))
             return Fail(error, "get needs OBJECT KEYWORD");
         command->verb = SCRIPT_GET;
-        command->object = Trimmed(rest.substr(0, split));
-        command->text = rest.substr(split + 1);
         return true;
     }
     if (verb == "save" || verb == "screenshot") {
@@ -62,6 +78,43 @@ bool ParseScriptLine(const std::string& rawLine, SCRIPTCOMMAND* command, std::st
         if (!ParseInt(rest.c_str(), &command->code))
             return Fail(error, "callback needs a number");
         command->verb = SCRIPT_CALLBACK;
+        return true;
+    }
+    if (verb == "online") {
+        std::string state;
+        if (!LastWord(rest, &command->object, &state) || !OnOff(state, &command->value))
+            return Fail(error, "online needs OBJECT on|off");
+        command->verb = SCRIPT_ONLINE;
+        return true;
+    }
+    if (verb == "fault") {
+        std::string head, state, number;
+        if (!LastWord(rest, &head, &state) || !OnOff(state, &command->value) ||
+            !LastWord(head, &command->object, &number) || !ParseInt(number.c_str(), &command->code) ||
+            command->code < 1 || command->code > 10)
+            return Fail(error, "fault needs OBJECT N on|off with N from 1 to 10");
+        command->verb = SCRIPT_FAULT;
+        return true;
+    }
+    if (verb == "device") {
+        const size_t equals = rest.find('=');
+        if (!LastWord(rest.substr(0, equals), &command->object, &command->text) || equals == std::string::npos ||
+            !ParseInt(rest.substr(equals + 1).c_str(), &command->value))
+            return Fail(error, "device needs OBJECT VARIABLE=NUMBER");
+        command->verb = SCRIPT_DEVICE;
+        return true;
+    }
+    if (verb == "list") {
+        if (rest.empty())
+            return Fail(error, "list needs an object");
+        command->verb = SCRIPT_LIST;
+        command->object = rest;
+        return true;
+    }
+    if (verb == "tick") {
+        if (!ParseInt(rest.c_str(), &command->code) || command->code < 0)
+            return Fail(error, "tick needs milliseconds");
+        command->verb = SCRIPT_TICK;
         return true;
     }
     if (verb == "trace") {

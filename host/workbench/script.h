@@ -6,6 +6,12 @@
 //   callback CODE           calls the plug-in's fnCallback
 //   trace                   prints the output window's lines
 //   screenshot FILE         writes the workbench window's client area as a PNG
+//   online OBJ on|off       switches a simulated console on or off
+//   fault OBJ N on|off      raises or clears fault word N (1..10) of a console
+//   device OBJ VAR=VALUE    sets a simulated variable ("FirmwareRevision5=1" of a
+//                           console, "CAN.Baudrate=62" of a controller)
+//   list OBJ                prints the object's property list, KEYWORD=VALUE a row
+//   tick MS                 advances the host's clock and timers by MS
 //   # ...                   a comment; blank lines are skipped
 #pragma once
 
@@ -19,13 +25,20 @@ enum SCRIPTVERB {
     SCRIPT_CALLBACK,
     SCRIPT_TRACE,
     SCRIPT_SCREENSHOT,
+    SCRIPT_ONLINE,
+    SCRIPT_FAULT,
+    SCRIPT_DEVICE,
+    SCRIPT_LIST,
+    SCRIPT_TICK,
 };
 
 struct SCRIPTCOMMAND {
     SCRIPTVERB verb = SCRIPT_NOTHING;
-    std::string object;   // get
-    std::string text;     // set: the whole design line; get: the keyword; save, screenshot: the file
-    int code = 0;         // callback
+    std::string object;   // get, online, fault, device, list
+    std::string text;     // set: the whole design line; get: the keyword; save, screenshot: the
+                          // file; device: the variable
+    int code = 0;         // callback: the code; fault: the fault word; tick: milliseconds
+    int value = 0;        // online, fault: 1 or 0; device: the value
 };
 
 // Parses one line; false with a message in error when it is malformed.

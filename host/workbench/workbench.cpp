@@ -2,10 +2,68 @@
 
 #include <stdio.h>
 
+#include <commctrl.h>
+
 #include <fstream>
 
 #include "../../base/text.h"
 #include "../../base/banned.h"
+
+namespace {
+
+BOOL TickObject(HOSTINFO* obj, void*)
+{
+    obj->OnTimer(0, 0);
+    return TRUE;
+}
+
+BOOL DeliverPollTimer(HOSTINFO* obj, void*)
+{
+    if (obj->m_hWnd && IsWindow(obj->m_hWnd))
+        SendMessageA(obj->m_hWnd, WM_TIMER, kDevicePollTimer, 0);
+    return TRUE;
+}
+
+}  // namespace
+
+void TickObjects()
+{
+    a_EnumHostinfo(TickObject, nullptr);
+}
+
+void Tick(int milliseconds)
+{
+    const int step = 100;
+    for (int elapsed = step; elapsed <= milliseconds; elapsed += step) {
+        a_AdvanceClock(step);
+        a_EnumHostinfo(DeliverPollTimer, nullptr);
+        if (elapsed % 250 < step)
+            TickObjects();
+    }
+}
+
+HWND CreatePropertyList(HWND parent)
+{
+    HWND list = CreateWindowExA(0, WC_LISTVIEWA, "", WS_CHILD | LVS_REPORT | LVS_SINGLESEL, 0, 0, 300, 300, parent,
+                                NULL, GetModuleHandleA(NULL), NULL);
+    LVCOLUMNA column = {};
+    column.mask = LVCF_TEXT | LVCF_WIDTH;
+    column.cx = 180;
+    column.pszText = const_cast<char*>("Property");
+    SendMessageA(list, LVM_INSERTCOLUMNA, 0, (LPARAM)&column);
+    column.pszText = const_cast<char*>("Value");
+    SendMessageA(list, LVM_INSERTCOLUMNA, 1, (LPARAM)&column);
+    return list;
+}
+
+void ListCell(HWND list, int row, int column, char* text, int size)
+{
+    LVITEMA cell = {};
+    cell.iSubItem = column;
+    cell.pszText = text;
+    cell.cchTextMax = size;
+    SendMessageA(list, LVM_GETITEMTEXTA, (WPARAM)row, (LPARAM)&cell);
+}
 
 bool LoadPlugin(WORKBENCH* bench, const char* path)
 {
@@ -94,6 +152,43 @@ bool CallPlugin(WORKBENCH* bench, int code)
     return true;
 }
 
+bool Simulate(const SCRIPTCOMMAND& command, const char* variable, int value)
+{
+    if (!a_SimulateDevice(command.object.c_str(), variable, value)) {
+        fprintf(stderr, "workbench: no simulated %s of %s\n", variable, command.object.c_str());
+        return false;
+    }
+    return true;
+}
+
+bool SimulateFault(const SCRIPTCOMMAND& command)
+{
+    char variable[16];
+    FormatText(variable, sizeof variable, "Faults%d", command.code);
+    return Simulate(command, variable, command.value);
+}
+
+// The rows the object puts into a property list, as "KEYWORD=VALUE".
+bool PrintPropertyList(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
+    HOSTINFO* obj = a_FindHostinfo(command.object.c_str());
+    if (!obj || !obj->m_hWnd) {
+        fprintf(stderr, "workbench: no object %s\n", command.object.c_str());
+        return false;
+    }
+    HWND list = CreatePropertyList(bench->surface);
+    SendMessageA(obj->m_hWnd, WM_HOST_SAVETOLIST, 0, (LPARAM)list);
+    const int rows = (int)SendMessageA(list, LVM_GETITEMCOUNT, 0, 0);
+    for (int row = 0; row < rows; row++) {
+        char keyword[256] = "", value[4096] = "";
+        ListCell(list, row, 0, keyword, sizeof keyword);
+        ListCell(list, row, 1, value, sizeof value);
+        printf("%s=%s\n", keyword, value);
+    }
+    DestroyWindow(list);
+    return true;
+}
+
 bool PrintTrace(WORKBENCH* bench)
 {
     char line[4096];
@@ -129,6 +224,21 @@ bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command)
         break;
     case SCRIPT_SCREENSHOT:
         ok = SaveScreenshot(GetAncestor(bench->surface, GA_ROOT), command.text.c_str());
+        break;
+    case SCRIPT_ONLINE:
+        ok = Simulate(command, "online", command.value);
+        break;
+    case SCRIPT_FAULT:
+        ok = SimulateFault(command);
+        break;
+    case SCRIPT_DEVICE:
+        ok = Simulate(command, command.text.c_str(), command.value);
+        break;
+    case SCRIPT_LIST:
+        ok = PrintPropertyList(bench, command);
+        break;
+    case SCRIPT_TICK:
+        Tick(command.code);
         break;
     }
     fflush(stdout);

@@ -10,6 +10,9 @@
 #include "analyze.h"
 #include "script.h"
 
+// The poll timer of device objects' windows (the canvas's fault LED).
+const UINT_PTR kDevicePollTimer = 111;
+
 typedef INT_PTR (*PLUGINCALLBACK)(int code, HOSTINFO* host, LPARAM param);
 
 struct WORKBENCH {
@@ -31,6 +34,19 @@ bool SaveDesign(WORKBENCH* bench, const char* path);
 bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command);
 // Runs a script file; returns the number of lines that failed.
 int RunScript(WORKBENCH* bench, const char* path);
+
+// A report list view with the property list's two columns, and one of its cells.
+HWND CreatePropertyList(HWND parent);
+void ListCell(HWND list, int row, int column, char* text, int size);
+
+// Headless: message boxes are printed and answered with their default button.
+void AnswerMessageBoxes();
+
+// The host's timers for time that did not pass: the clock moves on in steps
+// of 100 ms, each step delivering the device objects' poll timer (111) and,
+// every 250 ms, the host's own timer (OnTimer of every object).
+void Tick(int milliseconds);
+void TickObjects();
 
 // Writes a window's client area with its children as a PNG (the window is
 // shown for it).

@@ -1,6 +1,7 @@
 // Every keyword of a console object, in the order the table is built; the
 // lookup works on the sorted table. Keywords whose handlers are not built yet
-// have none: loading their lines reports "Not implemented".
+// (key records, the paging list) have none: loading their lines reports
+// "Not implemented".
 #include "consolekeywords.h"
 
 #include "handlers.h"
@@ -56,11 +57,11 @@ void BuildConsoleKeywordTable()
     KEYWORDTABLE& t = Table();
     t.Add(" ", SentinelHandler, 0, 0);
     t.Add("type", TypeHandler, 0, SL);
-    t.Add("connection", nullptr, 0, L);
+    t.Add("connection", ConnectionHandler, 0, L);
     t.Add("address", AddressHandler, 0, SL);
-    t.Add("baudrate", nullptr, 0, L);
-    t.Add("baudratefreeze", nullptr, 0, L);
-    t.Add("slot", nullptr, 0, L);
+    t.Add("baudrate", BaudrateHandler, 0, L);
+    t.Add("baudratefreeze", BaudrateFreezeHandler, 0, L);
+    t.Add("slot", SlotHandler, 0, L);
     t.Add("preChimeActive", PreChimeHandler, 0, SL);
     t.Add("reportFaults", ReportFaultsHandler, 0, SL);
     t.Add("Compressor", CompressorHandler, 0, SL);
@@ -68,33 +69,33 @@ void BuildConsoleKeywordTable()
     t.Add("extensionTypes", ExtensionTypesHandler, 0, 0);
     t.Add("hostrect", HostRectHandler, 0, 0);
     t.Add("layer", LayerHandler, 0, S);
-    t.Add("leds", nullptr, 0, 0);
+    t.Add("leds", LedsHandler, 0, 0);
     t.Add("name", NameHandler, 0, SL);
-    t.Add("BootFirmware.Revision", nullptr, 0, L);
-    t.Add("Firmware.Revision", nullptr, 0, L);
-    t.Add("Runtime", nullptr, 0, L);
-    t.Add("State", nullptr, 0, L);
-    t.Add("OperatingMode", nullptr, 0, L);
+    t.Add("BootFirmware.Revision", BootFirmwareHandler, 0, L);
+    t.Add("Firmware.Revision", FirmwareHandler, 0, L);
+    t.Add("Runtime", RuntimeHandler, 0, L);
+    t.Add("State", StateHandler, 0, L);
+    t.Add("OperatingMode", OperatingModeHandler, 0, L);
     t.Add("ExtensionCount", ExtensionCountHandler, 0, SL);
-    t.Add("Update.Percent", nullptr, 0, L);
-    t.Add("Update.State", nullptr, 0, L);
-    AddNumbered(t, "Faults%d", 1, 10, L);
+    t.Add("Update.Percent", UpdatePercentHandler, 0, L);
+    t.Add("Update.State", UpdateStateHandler, 0, L);
+    AddNumbered(t, "Faults%d", 1, 10, L, FaultsMemberHandler);
     AddNumbered(t, "FaultMask%d", 1, 6, SL, FaultMaskMemberHandler);
     t.Add("FaultMaskTest", FaultMaskMemberHandler(7), 0, SL);
     AddNumbered(t, "FaultMask%d", 8, 10, SL, FaultMaskMemberHandler);
-    t.Add("MasterFault", nullptr, 0, L);
+    t.Add("MasterFault", MasterFaultHandler, 0, L);
     t.Add("PTTActive", PttActiveHandler, 0, S);
-    AddNumbered(t, "StateFlags%d", 1, 8, L);
+    AddNumbered(t, "StateFlags%d", 1, 8, L, StateFlagsMemberHandler);
     t.Add("ShowDate", ShowDateHandler, 0, SL);
     AddKeySlots(t);
     t.Add("online", OnlineHandler, 0, 0);
-    t.Add("configuration", nullptr, 0, 0);
+    t.Add("configuration", ConfigurationHandler, 0, 0);
     t.Add("generatePilot", GeneratePilotHandler, 0, SL);
-    t.Add("getInputChannelList", nullptr, 0, 0);
+    t.Add("getInputChannelList", InputChannelListHandler, 0, 0);
     AddNumbered(t, "keylabel%03d", 0, 127, S, KeyLabelMemberHandler);
     t.Add("Buzzer", BuzzerHandler, 0, SL);
-    t.Add("Watchdog.Clear", nullptr, 0, 0);
-    t.Add("Watchdog.Counter", nullptr, 0, 0);
+    t.Add("Watchdog.Clear", WatchdogClearHandler, 0, 0);
+    t.Add("Watchdog.Counter", WatchdogCounterHandler, 0, 0);
     t.Add("CANTermination", CanTerminationHandler, 0, SL);
     t.Add("Find", FindHandler, 0, L);
     t.Add("BgmMenuActive", BgmMenuHandler, 0, SL);

@@ -35,7 +35,7 @@ CONSOLEPROPERTIES* AsConsole(HOSTINFO* obj)
 
 CONSOLEPROPERTIES::CONSOLEPROPERTIES()
     : m_keys(), m_numericKeys(), m_model(MODEL_ELK_15CST), m_masterFault(0), m_online(0), m_lastPoll(0),
-      m_pPartner(nullptr), m_oldProject(false), m_migrationDone(false), m_hConfiguration(NULL), m_faultLed(0),
+      m_pPartner(nullptr), m_oldProject(false), m_migrationDone(false), m_hConfiguration(NULL), m_slot(0), m_faultLed(0),
       m_reportFaultsCache(0)
 {
     m_szDisplayName[0] = '\0';
@@ -170,7 +170,7 @@ LRESULT CONSOLEPROPERTIES::OnSaveToListCtrl(WPARAM, LPARAM lParam)
 
 LRESULT CONSOLEPROPERTIES::OnTimer(WPARAM, LPARAM)
 {
-    const DWORD now = GetTickCount();
+    const DWORD now = a_GetTickCount();
     if (now - m_lastPoll < 1001)
         return 0;
     m_lastPoll = now;

@@ -41,6 +41,7 @@ public:
     bool m_oldProject;            // the design predates the test fault mask
     bool m_migrationDone;
     HWND m_hConfiguration;        // the configuration window, when open
+    int32_t m_slot;               // the port's slot, as last read
     int32_t m_faultLed;           // canvas poll caches
     uint8_t m_reportFaultsCache;
 

@@ -1,7 +1,5 @@
 #include "handlerkit.h"
 
-#include <stdio.h>
-
 #include "consoleproperties.h"
 #include "partner.h"
 
@@ -18,7 +16,7 @@ int AnswerText(REQUEST* r, const char* format, ...)
 
 bool ScanDecimal(const char* text, int* value)
 {
-    return text && sscanf(text, "%d", value) == 1;
+    return ScanLeadingInt(text, value);
 }
 
 int StoredToggle(REQUEST* r, uint8_t* stored)
@@ -54,13 +52,27 @@ int StoredText(REQUEST* r, char* field, size_t size)
     return 0;
 }
 
-int MirroredSetting(REQUEST* r, CONSOLEPROPERTIES* console, uint8_t* stored, const char* variable)
+bool ReadConsoleVariable(CONSOLEPROPERTIES* console, const char* word, void* value, int type)
 {
     char name[VARIABLE_NAME_SIZE];
-    FormatText(name, sizeof name, "%s.%s", console->m_szName, variable);
+    if (!console->m_pPartner || !FormatText(name, sizeof name, "%s.%s", console->m_szName, word))
+        return false;
+    return ReadVariable(console->m_pPartner, name, value, type);
+}
+
+intptr_t WriteConsoleVariable(CONSOLEPROPERTIES* console, const char* word, const void* value, int type)
+{
+    char name[VARIABLE_NAME_SIZE];
+    if (!console->m_pPartner || !FormatText(name, sizeof name, "%s.%s", console->m_szName, word))
+        return 0;
+    return WriteVariable(console->m_pPartner, name, value, type);
+}
+
+int MirroredSetting(REQUEST* r, CONSOLEPROPERTIES* console, uint8_t* stored, const char* variable)
+{
     if (IsRead(r, REQTYPE_INT) || IsRead(r, REQTYPE_TEXT)) {
         uint8_t device = 0;
-        if (console->m_pPartner && ReadVariable(console->m_pPartner, name, &device, REQTYPE_BYTE))
+        if (ReadConsoleVariable(console, variable, &device, REQTYPE_BYTE))
             *stored = device;
         return StoredToggle(r, stored);
     }
@@ -68,7 +80,6 @@ int MirroredSetting(REQUEST* r, CONSOLEPROPERTIES* console, uint8_t* stored, con
         return 0;
     if (!StoredToggle(r, stored))
         return 0;
-    if (console->m_pPartner)
-        WriteVariable(console->m_pPartner, name, stored, REQTYPE_BYTE);
+    WriteConsoleVariable(console, variable, stored, REQTYPE_BYTE);
     return 1;
 }

@@ -13,6 +13,26 @@ int HostRectHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 int LayerHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 int OnlineHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 
+// The controller port ("CONTROLLER.PORT").
+int ConnectionHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+
+// Values the device reports.
+int BootFirmwareHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int FirmwareHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int RuntimeHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int StateHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int OperatingModeHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int UpdatePercentHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int UpdateStateHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int MasterFaultHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int BaudrateFreezeHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int BaudrateHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int SlotHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int WatchdogClearHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int WatchdogCounterHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+KEYWORDHANDLER FaultsMemberHandler(int n);      // Faults1 .. Faults10
+KEYWORDHANDLER StateFlagsMemberHandler(int n);  // StateFlags1 .. StateFlags8
+
 // Extensions.
 int ExtensionTypesHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 int ExtensionCountHandler(REQUEST* r, CONSOLEPROPERTIES* c);
@@ -22,6 +42,9 @@ int PttActiveHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 int GeneratePilotHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 int DecadicSelectionHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 int EmergencyKeysHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int LedsHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int ConfigurationHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+int InputChannelListHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 KEYWORDHANDLER KeyLabelMemberHandler(int key);  // keylabel000 .. keylabel127
 
 // Settings the device mirrors.

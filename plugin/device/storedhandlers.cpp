@@ -90,6 +90,28 @@ int EmergencyKeysHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     return StoredText(r, c->m_settings.emergencyCstKeys, sizeof c->m_settings.emergencyCstKeys);
 }
 
+// The LED states of the console face, as one decimal number.
+int LedsHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    if (IsRead(r, REQTYPE_TEXT))
+        return AnswerText(r, "%d", c->m_settings.leds);
+    int leds = 0;
+    if (!IsWrite(r, REQTYPE_TEXT) || !ScanDecimal(TextOf(r), &leds))
+        return 0;
+    c->m_settings.leds = leds;
+    return 1;
+}
+
+int ConfigurationHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    return StoredText(r, c->m_settings.configuration, sizeof c->m_settings.configuration);
+}
+
+int InputChannelListHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    return StoredText(r, c->m_settings.inputChannels, sizeof c->m_settings.inputChannels);
+}
+
 KEYWORDHANDLER KeyLabelMemberHandler(int key)
 {
     return kKeyLabels[(size_t)key];

@@ -75,7 +75,7 @@ TEST(Workbench, ScriptReadsWritesAndReports)
         "get Site*Floor1*ELKCST_3 priority\n"
         "set ORNCST_1*priority=abc\n"
         "frobnicate\n"
-        "get ORNCST_1 Runtime\n"
+        "get ORNCST_1 hostrect\n"
         "callback 13\n"
         "callback 2\n"
         "trace\n");
@@ -87,7 +87,7 @@ TEST(Workbench, ScriptReadsWritesAndReports)
     EXPECT_NE(run.out.find("\n0\n"), std::string::npos) << run.out;
     EXPECT_NE(run.out.find("Error reading line priority\n"), std::string::npos) << run.out;
     EXPECT_NE(run.err.find("(5): unknown command 'frobnicate'"), std::string::npos) << run.err;
-    EXPECT_NE(run.err.find("gives no value for Runtime"), std::string::npos) << run.err;
+    EXPECT_NE(run.err.find("gives no value for hostrect"), std::string::npos) << run.err;
 }
 
 TEST(Workbench, BrokenDesignLinesAreReportedWithTheirNumbers)

@@ -1,0 +1,435 @@
+#include "controller.h"
+
+#include <stdio.h>
+
+#include "design.h"
+#include "designtext.h"
+
+#include "../../base/text.h"
+#include "../../base/banned.h"
+
+namespace {
+
+const char kModuleName[] = "DOVRIXCSTModule";
+
+// What a variable name stands for on this controller.
+struct VARIABLE {
+    enum KIND { NONE, FREEADDRESSES, FAULTLED, MONITORING, LOCALSOURCE, ONLINE, BAUDRATE, SLOT, DEVICE } kind = NONE;
+    int slot = 0;
+    SIMDEVICE* device = nullptr;
+    std::string word;
+
+    bool Writable() const
+    {
+        return kind == MONITORING || kind == LOCALSOURCE || kind == ONLINE || kind == BAUDRATE ||
+               (kind == DEVICE && SIMDEVICE::Writable(word));
+    }
+};
+
+VARIABLE Resolve(CONTROLLER* c, const std::string& name)
+{
+    VARIABLE v;
+    if (name == "ZEL4000.FreeAddresses")
+        v.kind = VARIABLE::FREEADDRESSES;
+    else if (name == "System.Info.FaultLed")
+        v.kind = VARIABLE::FAULTLED;
+    else if (name == "SystemMonitoringOnEmergency")
+        v.kind = VARIABLE::MONITORING;
+    else if (name == "ProgramLocalSorceConfig")
+        v.kind = VARIABLE::LOCALSOURCE;
+    else if (name == "online")
+        v.kind = VARIABLE::ONLINE;
+    else if (name == std::string(c->m_szName) + ".CAN.Baudrate")
+        v.kind = VARIABLE::BAUDRATE;
+    if (v.kind != VARIABLE::NONE)
+        return v;
+
+    const size_t dot = name.find('.');
+    if (dot == std::string::npos)
+        return v;
+    const std::string owner = name.substr(0, dot);
+    const std::string word = name.substr(dot + 1);
+    for (size_t slot = 0; slot < c->ports.size(); slot++) {
+        if (owner == c->ports[slot] && word == "Slot") {
+            v.kind = VARIABLE::SLOT;
+            v.slot = (int)slot;
+            return v;
+        }
+    }
+    SIMDEVICE* device = c->Device(owner, false);
+    if (device && device->connected && SIMDEVICE::Knows(word)) {
+        v.kind = VARIABLE::DEVICE;
+        v.device = device;
+        v.word = word;
+    }
+    return v;
+}
+
+bool ReadVariable(CONTROLLER* c, const VARIABLE& v, int* value)
+{
+    switch (v.kind) {
+    case VARIABLE::FREEADDRESSES:
+        *value = c->FreeAddresses();
+        return true;
+    case VARIABLE::FAULTLED:
+        *value = c->FaultLed() ? 1 : 0;
+        return true;
+    case VARIABLE::MONITORING:
+        *value = c->monitoring;
+        return true;
+    case VARIABLE::LOCALSOURCE:
+        *value = c->localSource;
+        return true;
+    case VARIABLE::ONLINE:
+        *value = c->online;
+        return true;
+    case VARIABLE::BAUDRATE:
+        *value = c->baudrate;
+        return true;
+    case VARIABLE::SLOT:
+        *value = v.slot;
+        return true;
+    case VARIABLE::DEVICE:
+        return SIMDEVICE::Readable(v.word) && v.device->Read(v.word, a_GetTickCount(), value);
+    case VARIABLE::NONE:
+        break;
+    }
+    return false;
+}
+
+bool WriteVariable(CONTROLLER* c, const VARIABLE& v, int value)
+{
+    switch (v.kind) {
+    case VARIABLE::MONITORING:
+        c->monitoring = value;
+        return true;
+    case VARIABLE::LOCALSOURCE:
+        c->localSource = value;
+        return true;
+    case VARIABLE::ONLINE:
+        c->online = value;
+        return true;
+    case VARIABLE::BAUDRATE:
+        c->baudrate = value;
+        return true;
+    case VARIABLE::DEVICE:
+        return v.device->Write(v.word, value, a_GetTickCount());
+    default:
+        return false;
+    }
+}
+
+// The value of a request by its type: one byte (2, 6), an int (5) or text (11).
+bool TakeValue(const REQUEST* r, int* value)
+{
+    switch (r->type) {
+    case REQTYPE_BYTE:
+    case REQTYPE_FLAG:
+        *value = *static_cast<const uint8_t*>(r->value);
+        return true;
+    case REQTYPE_INT:
+        *value = *static_cast<const int*>(r->value);
+        return true;
+    case REQTYPE_TEXT:
+        return ParseInt(static_cast<const char*>(r->value), value);
+    default:
+        return false;
+    }
+}
+
+bool GiveValue(REQUEST* r, int value)
+{
+    switch (r->type) {
+    case REQTYPE_BYTE:
+    case REQTYPE_FLAG:
+        *static_cast<uint8_t*>(r->value) = (uint8_t)value;
+        return true;
+    case REQTYPE_INT:
+        *static_cast<int*>(r->value) = value;
+        return true;
+    case REQTYPE_TEXT:
+        return FormatText(static_cast<char*>(r->value), REQUEST_TEXT_SIZE, "%d", value);
+    default:
+        return false;
+    }
+}
+
+std::string RequestName(const REQUEST* r)
+{
+    if (r->name && r->name[0])
+        return r->prefix ? std::string(r->prefix) + "." + r->name : std::string(r->name);
+    return r->value ? static_cast<const char*>(r->value) : "";
+}
+
+// "PORT,ADDRESS[,MODEL]"
+bool ParsePosition(const char* params, std::string* port, int* address, int* model)
+{
+    const char* comma = params ? strchr(params, ',') : nullptr;
+    if (!comma)
+        return false;
+    port->assign(params, comma);
+    int parsedModel = 0;
+    char rest[64];
+    if (!CopyText(rest, comma + 1))
+        return false;
+    char* second = strchr(rest, ',');
+    if (second) {
+        *second = '\0';
+        if (!ParseInt(second + 1, &parsedModel))
+            return false;
+    }
+    if (!ParseInt(rest, address))
+        return false;
+    if (model)
+        *model = parsedModel;
+    return true;
+}
+
+void WriteLine(HANDLE file, const std::string& line)
+{
+    DWORD written = 0;
+    WriteFile(file, line.data(), (DWORD)line.size(), &written, NULL);
+}
+
+std::string JoinPorts(const std::vector<std::string>& ports)
+{
+    std::string text;
+    for (const std::string& port : ports)
+        text += (text.empty() ? "" : ",") + port;
+    return text;
+}
+
+bool SplitPorts(const std::string& text, std::vector<std::string>* ports)
+{
+    std::vector<std::string> parsed;
+    size_t start = 0;
+    while (start <= text.size()) {
+        size_t end = text.find(',', start);
+        if (end == std::string::npos)
+            end = text.size();
+        const std::string port = text.substr(start, end - start);
+        // A console port carries "CST" in its name, and names contain no "." or ",".
+        if (port.find("CST") == std::string::npos || port.find('.') != std::string::npos)
+            return false;
+        parsed.push_back(port);
+        start = end + 1;
+    }
+    *ports = parsed;
+    return true;
+}
+
+}  // namespace
+
+LRESULT CONSOLEMODULE::OnMessage(WPARAM wParam, LPARAM request)
+{
+    return controller ? controller->OnMessage(wParam, request) : 0;
+}
+
+CONTROLLER::CONTROLLER() : ports{kModuleName}
+{
+    module.controller = this;
+}
+
+CONTROLLER::~CONTROLLER()
+{
+    a_EmptyStringList(&m_strings);
+    a_EmptyRequestList(&m_requests);
+}
+
+void CONTROLLER::AttachModule()
+{
+    FormatText(module.m_szName, sizeof module.m_szName, "%s.%s", m_szName, kModuleName);
+    module.m_hWnd = m_hWnd;
+    module.m_pHost = this;
+    a_AddConnection(this, kModuleName, &module);
+}
+
+SIMDEVICE* CONTROLLER::Device(const std::string& console, bool create)
+{
+    auto found = devices.find(console);
+    if (found != devices.end())
+        return &found->second;
+    return create ? &devices[console] : nullptr;
+}
+
+int CONTROLLER::FreeAddresses() const
+{
+    int mask = 0;
+    for (int address = 1; address <= 16; address++)
+        mask |= 1 << address;
+    for (const auto& device : devices)
+        if (device.second.connected)
+            mask &= ~(1 << device.second.address);
+    return mask;
+}
+
+bool CONTROLLER::FaultLed() const
+{
+    for (const auto& device : devices)
+        if (device.second.connected && device.second.IsOn() && device.second.MasterFault())
+            return true;
+    return false;
+}
+
+bool CONTROLLER::Simulate(const std::string& variable, int value)
+{
+    VARIABLE v = Resolve(this, std::string(m_szName) + "." + variable);
+    if (v.kind == VARIABLE::NONE)
+        v = Resolve(this, variable);
+    return WriteVariable(this, v, value);
+}
+
+LRESULT CONTROLLER::OnMessage(WPARAM, LPARAM lParam)
+{
+    REQUEST* r = reinterpret_cast<REQUEST*>(lParam);
+    if (!r)
+        return 0;
+    const VARIABLE v = Resolve(this, RequestName(r));
+    if (r->operation == REQ_LOOKUP) {
+        r->index = v.kind == VARIABLE::NONE ? 0 : 1;
+        return r->index;
+    }
+    if (v.kind == VARIABLE::NONE || !r->value)
+        return 0;
+    int value = 0;
+    if (r->operation == REQ_READ) {
+        if (!ReadVariable(this, v, &value) || !GiveValue(r, value))
+            return 0;
+        r->index = 1;
+        return 1;
+    }
+    if (r->operation == REQ_WRITE && v.Writable() && TakeValue(r, &value) && WriteVariable(this, v, value)) {
+        r->index = 1;
+        InvalidateRect(m_hWnd, NULL, TRUE);
+        return 1;
+    }
+    return 0;
+}
+
+BOOL CONTROLLER::OnConnectSource(LPCSTR source, LPCSTR params)
+{
+    std::string port;
+    int address = 0, model = 0;
+    if (!source || !ParsePosition(params, &port, &address, &model) || address < 1 || address > 16)
+        return FALSE;
+    bool known = false;
+    for (const std::string& name : ports)
+        known = known || name == port;
+    SIMDEVICE* self = Device(source, false);
+    const bool mine = self && self->connected && self->address == address;
+    if (!known || (!mine && !(FreeAddresses() & (1 << address))))
+        return FALSE;
+    SIMDEVICE* device = Device(source, true);
+    device->connected = true;
+    device->port = port;
+    device->address = address;
+    device->model = model;
+    InvalidateRect(m_hWnd, NULL, TRUE);
+    return TRUE;
+}
+
+BOOL CONTROLLER::OnDisconnectSource(LPCSTR source, LPCSTR params)
+{
+    std::string port;
+    int address = 0;
+    SIMDEVICE* device = source ? Device(source, false) : nullptr;
+    if (!device || !device->connected || !ParsePosition(params, &port, &address, nullptr) ||
+        device->port != port || device->address != address)
+        return FALSE;
+    device->connected = false;
+    InvalidateRect(m_hWnd, NULL, TRUE);
+    return TRUE;
+}
+
+BOOL CONTROLLER::OnIsAlive(WPARAM, LPARAM lParam)
+{
+    HOSTINFO* console = reinterpret_cast<HOSTINFO*>(lParam);
+    SIMDEVICE* device = console ? Device(console->m_szName, false) : nullptr;
+    return device && device->connected && device->IsOn() && online;
+}
+
+LRESULT CONTROLLER::MoveConsole(WPARAM addresses, HOSTINFO* console)
+{
+    const int to = HIWORD(addresses);
+    SIMDEVICE* device = console ? Device(console->m_szName, false) : nullptr;
+    if (!device || !device->connected || to < 1 || to > 16 || !(FreeAddresses() & (1 << to)))
+        return 0;
+    device->address = to;
+    InvalidateRect(m_hWnd, NULL, TRUE);
+    return 1;
+}
+
+LRESULT CONTROLLER::OnLoad(WPARAM, LPARAM lParam)
+{
+    const char* line = reinterpret_cast<const char*>(lParam);
+    std::string keyword, value;
+    if (!line || !SplitKeyValue(line, &keyword, &value)) {
+        EDITTRACE(this, "Error reading line %s", line ? line : "");
+        return 0;
+    }
+    bool ok = false;
+    int number = 0;
+    if (keyword == "ports") {
+        ok = SplitPorts(value, &ports);
+    } else if (keyword == "baudrate") {
+        ok = ParseInt(value.c_str(), &number) && number > 0;
+        if (ok)
+            baudrate = number;
+    } else if (keyword == "localSource") {
+        ok = ParseInt(value.c_str(), &number);
+        if (ok)
+            localSource = number != 0;
+    } else if (keyword == "device") {
+        // "CONSOLE word=value word=value ..."
+        const size_t blank = value.find(' ');
+        const std::string console = value.substr(0, blank);
+        std::string error;
+        ok = !console.empty() && Device(console, true)->LoadStateText(
+                                     blank == std::string::npos ? "" : value.substr(blank + 1), a_GetTickCount(), &error);
+    }
+    if (!ok)
+        EDITTRACE(this, "Error reading line %s", keyword.c_str());
+    InvalidateRect(m_hWnd, NULL, TRUE);
+    return 0;
+}
+
+LRESULT CONTROLLER::OnSave(WPARAM pass, LPARAM lParam)
+{
+    if (pass != 0)
+        return 0;
+    HANDLE file = reinterpret_cast<HANDLE>(lParam);
+    const char* star = strrchr(m_szName, '*');
+    const std::string prefix = star ? std::string((const char*)m_szName, star + 1) : std::string();
+    const char* local = star ? star + 1 : m_szName;
+    char className[32] = "";
+    GetClassNameA(m_hWnd, className, sizeof className);
+    char line[1024];
+    char rect[64];
+    FormatText(line, sizeof line, "%scontrol=0x%08x %s \"%s\" 0x%08x %s\r\n", prefix.c_str(),
+               (unsigned)GetWindowLongA(m_hWnd, GWL_EXSTYLE), className, local,
+               (unsigned)GetWindowLongA(m_hWnd, GWL_STYLE), a_GetRectString(&m_rect, rect, sizeof rect));
+    WriteLine(file, line);
+    const std::string name = m_szName;
+    WriteLine(file, name + "*ports=" + JoinPorts(ports) + "\r\n");
+    WriteLine(file, name + "*baudrate=" + std::to_string(baudrate) + "\r\n");
+    WriteLine(file, name + "*localSource=" + std::to_string(localSource) + "\r\n");
+    for (const auto& device : devices) {
+        const std::string state = device.second.StateText();
+        if (!state.empty())
+            WriteLine(file, name + "*device=" + device.first + " " + state + "\r\n");
+    }
+    return 0;
+}
+
+CONTROLLER* AsController(HOSTINFO* obj)
+{
+    if (!obj || !obj->m_hWnd || !IsWindow(obj->m_hWnd))
+        return nullptr;
+    char className[16] = "";
+    GetClassNameA(obj->m_hWnd, className, sizeof className);
+    if (strcmp(className, "ORNCON") != 0 && strcmp(className, "ELKCON") != 0)
+        return nullptr;
+    if (reinterpret_cast<HOSTINFO*>(SendMessageA(obj->m_hWnd, WM_HOST_GETHOSTINFO, 0, 0)) != obj)
+        return nullptr;
+    return static_cast<CONTROLLER*>(obj);
+}

@@ -1,0 +1,59 @@
+// Simulated system controllers ("ORNCON_n" of family A, "ELKCON_n" of family
+// B): the partner objects of connected consoles. A controller has console
+// ports on one CAN bus (the first is its console module "DOVRIXCSTModule")
+// and keeps a SIMDEVICE per console, serving their variables and its own.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "analyze.h"
+#include "simdevice.h"
+
+class CONTROLLER;
+
+// The controller's console module, a host object of its own named
+// "CONTROLLER.DOVRIXCSTModule": variables asked of it are the controller's.
+class CONSOLEMODULE final : public HOSTINFO {
+public:
+    LRESULT OnMessage(WPARAM wParam, LPARAM request) override;
+    CONTROLLER* controller = nullptr;
+};
+
+class CONTROLLER final : public HOSTINFO {
+public:
+    CONTROLLER();
+    ~CONTROLLER();
+
+    LRESULT OnLoad(WPARAM mode, LPARAM line) override;
+    LRESULT OnSave(WPARAM pass, LPARAM file) override;
+    LRESULT OnMessage(WPARAM, LPARAM request) override;
+    BOOL OnConnectSource(LPCSTR source, LPCSTR params) override;
+    BOOL OnDisconnectSource(LPCSTR source, LPCSTR params) override;
+    BOOL OnIsAlive(WPARAM, LPARAM console) override;
+
+    // Names the console module after the controller, once the name is known.
+    void AttachModule();
+    // WM_APP+12: LOWORD old address, HIWORD new one; non-zero when moved.
+    LRESULT MoveConsole(WPARAM addresses, HOSTINFO* console);
+    // Bit n set: address n (1..16) is free on this controller's bus.
+    int FreeAddresses() const;
+    bool FaultLed() const;
+    SIMDEVICE* Device(const std::string& console, bool create);
+    // Sets a variable as the device itself would change it (simulation).
+    bool Simulate(const std::string& variable, int value);
+
+    std::vector<std::string> ports;
+    int baudrate = 125;
+    int monitoring = 0;   // "SystemMonitoringOnEmergency"
+    int localSource = 0;  // "ProgramLocalSorceConfig"
+    int online = 1;       // the controller's own link
+    std::map<std::string, SIMDEVICE> devices;  // by console object name
+    CONSOLEMODULE module;
+};
+
+// The controller behind a host object, when it is one.
+CONTROLLER* AsController(HOSTINFO* obj);
+// Registers the window classes "ORNCON" and "ELKCON" (once).
+void RegisterControllerClasses();

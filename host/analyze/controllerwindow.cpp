@@ -1,0 +1,130 @@
+// The window of a simulated controller on the design surface: a box with the
+// controller's name and the consoles on its bus.
+#include "controller.h"
+
+#include "design.h"
+
+#include "../../base/text.h"
+#include "../../base/banned.h"
+
+namespace {
+
+CONTROLLER* ControllerOf(HWND hwnd)
+{
+    return reinterpret_cast<CONTROLLER*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
+}
+
+LRESULT Controller_Create(HWND hwnd, const CREATESTRUCTA* create)
+{
+    const HOSTCREATE* record = static_cast<const HOSTCREATE*>(create->lpCreateParams);
+    if (!record)
+        return -1;
+    CONTROLLER* c = new CONTROLLER;
+    a_InitializeHostinfo(c, hwnd, record);
+    c->AttachModule();
+    SetWindowLongPtrA(hwnd, GWLP_USERDATA, (LONG_PTR)c);
+    a_AddHostinfo(c->m_pHost, c);
+    HOSTINFO* root = a_FindRootHostinfo(c);
+    a_HostinfoCreated(root, c);
+    a_HostinfoCreated(root, &c->module);
+    return 0;
+}
+
+void Controller_Destroy(HWND hwnd, CONTROLLER* c)
+{
+    HOSTINFO* root = a_FindRootHostinfo(c);
+    a_HostinfoDestroyed(root, &c->module);
+    a_HostinfoDestroyed(root, c);
+    a_CleanHostinfo(c);
+    a_RemoveHostinfo(c->m_pHost, c);
+    SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
+    delete c;
+}
+
+void Controller_Paint(HWND hwnd, CONTROLLER* c)
+{
+    PAINTSTRUCT ps;
+    HDC hdc = BeginPaint(hwnd, &ps);
+    RECT client;
+    GetClientRect(hwnd, &client);
+    const bool familyA = strncmp(c->m_szName, "ORNCON", 6) == 0 || strstr(c->m_szName, "*ORNCON");
+    HBRUSH fill = CreateSolidBrush(familyA ? RGB(0xDC, 0xE8, 0xF6) : RGB(0xF8, 0xE6, 0xD2));
+    FillRect(hdc, &client, fill);
+    DeleteObject(fill);
+    FrameRect(hdc, &client, (HBRUSH)GetStockObject(DKGRAY_BRUSH));
+
+    SetBkMode(hdc, TRANSPARENT);
+    HGDIOBJ oldFont = SelectObject(hdc, GetStockObject(DEFAULT_GUI_FONT));
+    RECT text = client;
+    InflateRect(&text, -4, -2);
+    const char* local = strrchr(c->m_szName, '*');
+    DrawTextA(hdc, local ? local + 1 : c->m_szName, -1, &text, DT_LEFT | DT_TOP | DT_SINGLELINE);
+    char consoles[256] = "";
+    for (const auto& device : c->devices) {
+        if (!device.second.connected)
+            continue;
+        char entry[64];
+        FormatText(entry, sizeof entry, "%s%d%s", consoles[0] ? " " : "", device.second.address,
+                   device.second.IsOn() ? "*" : "");
+        AppendText(consoles, entry);
+    }
+    text.top += 16;
+    DrawTextA(hdc, consoles[0] ? consoles : "no consoles", -1, &text, DT_LEFT | DT_TOP | DT_SINGLELINE);
+    SelectObject(hdc, oldFont);
+    a_DrawSelection(c, hdc);
+    EndPaint(hwnd, &ps);
+}
+
+HINSTANCE AnalyzeInstance()
+{
+    HMODULE module = NULL;
+    GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<LPCSTR>(&RegisterControllerClasses), &module);
+    return module;
+}
+
+LRESULT CALLBACK ControllerWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_CREATE)
+        return Controller_Create(hwnd, reinterpret_cast<CREATESTRUCTA*>(lParam));
+    CONTROLLER* c = ControllerOf(hwnd);
+    if (!c)
+        return DefWindowProcA(hwnd, message, wParam, lParam);
+    switch (message) {
+    case WM_HOST_MESSAGE:
+        return c->OnMessage(wParam, lParam);
+    case WM_HOST_LOAD:
+        return c->OnLoad(wParam, lParam);
+    case WM_HOST_SAVE:
+        return c->OnSave(wParam, lParam);
+    case WM_HOST_CHANGEADDRESS:
+        return c->MoveConsole(wParam, reinterpret_cast<HOSTINFO*>(lParam));
+    case WM_HOST_GETHOSTINFO:
+        return (LRESULT)c;
+    case WM_PAINT:
+        Controller_Paint(hwnd, c);
+        return 0;
+    case WM_DESTROY:
+        Controller_Destroy(hwnd, c);
+        return 0;
+    default:
+        return DefWindowProcA(hwnd, message, wParam, lParam);
+    }
+}
+
+}  // namespace
+
+void RegisterControllerClasses()
+{
+    for (const char* name : {"ORNCON", "ELKCON"}) {
+        WNDCLASSA wc = {};
+        if (GetClassInfoA(NULL, name, &wc))
+            continue;
+        wc.style = CS_GLOBALCLASS | CS_HREDRAW | CS_VREDRAW;
+        wc.lpfnWndProc = ControllerWndProc;
+        wc.hInstance = AnalyzeInstance();
+        wc.hCursor = LoadCursor(NULL, IDC_ARROW);
+        wc.lpszClassName = name;
+        RegisterClassA(&wc);
+    }
+}

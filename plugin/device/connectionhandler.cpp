@@ -1,0 +1,167 @@
+// "connection": the controller port a console is connected to. Connecting
+// finds a free address on the controller's bus, makes the controller the
+// partner and sends it the stored settings; reconnecting settles the
+// fire-emergency monitoring between the old and the new controller.
+#include <string>
+
+#include "consoleproperties.h"
+#include "handlerkit.h"
+#include "handlers.h"
+
+#include "../../base/trace.h"
+#include "../../base/banned.h"
+
+namespace {
+
+// "CONTROLLER.PORT", split at its first ".".
+struct CONNECTIONTEXT {
+    std::string controller;
+    std::string port;
+    bool valid = false;  // a controller of either family and a console port
+};
+
+CONNECTIONTEXT SplitConnection(const char* text)
+{
+    CONNECTIONTEXT parts;
+    const char* dot = text ? strchr(text, '.') : nullptr;
+    if (!dot)
+        return parts;
+    parts.controller.assign(text, dot);
+    parts.port = dot + 1;
+    parts.valid = (parts.controller.find("ELKCON_") != std::string::npos ||
+                   parts.controller.find("ORNCON_") != std::string::npos) &&
+                  parts.port.find("CST") != std::string::npos;
+    return parts;
+}
+
+bool IsConsoleName(const char* name)
+{
+    return strstr(name, "ELKCST_") || strstr(name, "ORNCST_");
+}
+
+// Every stored setting, fed back as an edit so that its handler writes it
+// through to the device, in the order the device expects them.
+void ResendSettings(CONSOLEPROPERTIES* c)
+{
+    const CONSOLESETTINGS& s = c->m_settings;
+    const struct {
+        const char* keyword;
+        int value;
+    } settings[] = {
+        {"CANTermination", s.canTermination},
+        {"BgmMenuActive", s.bgmMenuActive},
+        {"ShowLineMonitoring", s.showLineMonitoring},
+        {"ShowPowerManagementStates", s.showPowerManagementStates},
+        {"Buzzer", s.buzzer},
+        {"ShowDate", s.showDate},
+        {"Compressor", s.compressor},
+        {"reportFaults", s.reportFaults},
+        {"FaultMask1", s.faultMask[1]},
+        {"FaultMask2", s.faultMask[2]},
+        {"FaultMask3", s.faultMask[3]},
+        {"FaultMask4", s.faultMask[4]},
+        {"FaultMask5", s.faultMask[5]},
+        {"FaultMask6", s.faultMask[6]},
+        {"FaultMaskTest", s.faultMask[FAULTMASK_TEST]},
+        {"FaultMask8", s.faultMask[8]},
+        {"FaultMask9", s.faultMask[9]},
+        {"FaultMask10", s.faultMask[10]},
+    };
+    for (const auto& setting : settings) {
+        char line[64];
+        FormatText(line, sizeof line, "%s=%d", setting.keyword, setting.value);
+        c->LoadEdit(line);
+    }
+}
+
+void SendKeyConfiguration(CONSOLEPROPERTIES* c)
+{
+    Trace("%s: the key configuration is not sent yet: key records are not implemented\n", c->m_szName);
+}
+
+// Leaves the old controller: the monitoring goes off first when the console
+// will not be connected anywhere afterwards.
+void Disconnect(CONSOLEPROPERTIES* c, bool staysConnected)
+{
+    const CONNECTIONTEXT old = SplitConnection(c->m_pConnections->text);
+    if (HOSTINFO* controller = a_FindHostinfo(old.controller.c_str())) {
+        if (!staysConnected && c->m_pPartner)
+            WriteMonitoring(c, 0);
+        char position[HOSTNAME_SIZE + 16];
+        FormatText(position, sizeof position, "%s,%d", old.port.c_str(), c->m_settings.address);
+        if (controller->OnDisconnectSource(c->m_szName, position))
+            c->m_pPartner = nullptr;
+    }
+    a_EmptyConnectionList(c);
+}
+
+// Tries the console's address and the ones above it, up to 16.
+bool Connect(CONSOLEPROPERTIES* c, const CONNECTIONTEXT& next, const char* text)
+{
+    HOSTINFO* controller = a_FindHostinfo(next.controller.c_str());
+    if (!controller || !IsConsoleName(c->m_szName))
+        return false;
+    int address = c->m_settings.address;
+    for (;; address++) {
+        if (address > 16)
+            return false;
+        char position[HOSTNAME_SIZE + 32];
+        FormatText(position, sizeof position, "%s,%d,%d", next.port.c_str(), address, c->m_model);
+        if (controller->OnConnectSource(c->m_szName, position))
+            break;
+    }
+    c->m_settings.address = address;
+    a_AddConnection(c, text, controller);
+    c->m_pPartner = controller;
+    ResendSettings(c);
+    SendKeyConfiguration(c);
+    return true;
+}
+
+int ReadConnection(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    if (!c->m_pConnections) {
+        AnswerText(r, "No Connection");
+        return 0;
+    }
+    const CONNECTION* first = c->m_pConnections;
+    const CONNECTIONTEXT parts = SplitConnection(first->text);
+    HOSTINFO* target = first->target ? first->target : a_FindHostinfo(parts.controller.c_str());
+    if (!target)
+        return 0;
+    char* text = TextOf(r);
+    if (!target->m_hWnd || !SendMessageA(target->m_hWnd, WM_HOST_GETDISPLAYTEXT, 0, (LPARAM)text))
+        CopyText(text, REQUEST_TEXT_SIZE, target->m_szName);
+    if (const char* dot = strchr(first->text, '.'))
+        AppendText(text, REQUEST_TEXT_SIZE, dot);
+    return 1;
+}
+
+}  // namespace
+
+int ConnectionHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    if (IsRead(r, REQTYPE_TEXT))
+        return ReadConnection(r, c);
+    if (!IsWrite(r, REQTYPE_TEXT) || c->IsOnline())
+        return 0;
+
+    const std::string text = TextOf(r);
+    const CONNECTIONTEXT next = SplitConnection(text.c_str());
+    const uint8_t monitoring = c->m_settings.fireEmergencyMonitoring;
+    std::string oldController;
+    if (c->m_pConnections) {
+        oldController = SplitConnection(c->m_pConnections->text).controller;
+        Disconnect(c, next.valid);
+    }
+
+    const bool connected = next.valid && Connect(c, next, text.c_str());
+    if (connected && next.controller == oldController)
+        WriteMonitoring(c, monitoring);
+    else if (connected && !oldController.empty())
+        WriteMonitoring(c, 0);
+    else if (!connected)
+        c->m_pPartner = nullptr;
+    c->RefreshCanvas(true);
+    return connected ? 1 : 0;
+}
