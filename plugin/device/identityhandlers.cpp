@@ -81,7 +81,8 @@ int PriorityHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     if (IsRead(r, REQTYPE_TEXT))
         return AnswerText(r, "%d", c->m_settings.priority);
     int priority = 0;
-    if (!IsWrite(r, REQTYPE_TEXT) || c->IsOnline() || !ScanDecimal(TextOf(r), &priority))
+    if (!IsWrite(r, REQTYPE_TEXT) || c->IsOnline() || !ScanDecimal(TextOf(r), &priority) || priority < 0 ||
+        priority > INT16_MAX)
         return 0;
     c->m_settings.priority = (int16_t)priority;
     return 1;

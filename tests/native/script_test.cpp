@@ -24,12 +24,36 @@ TEST(Script, Commands)
     EXPECT_EQ(command.verb, SCRIPT_NOTHING);
 }
 
+TEST(Script, DeviceCommands)
+{
+    SCRIPTCOMMAND command;
+    std::string error;
+    ASSERT_TRUE(ParseScriptLine("online Site*Floor1*ELKCST_3 on", &command, &error));
+    EXPECT_EQ(command.verb, SCRIPT_ONLINE);
+    EXPECT_EQ(command.object, "Site*Floor1*ELKCST_3");
+    EXPECT_EQ(command.value, 1);
+    ASSERT_TRUE(ParseScriptLine("fault ORNCST_1 10 off", &command, &error));
+    EXPECT_EQ(command.verb, SCRIPT_FAULT);
+    EXPECT_EQ(command.code, 10);
+    EXPECT_EQ(command.value, 0);
+    ASSERT_TRUE(ParseScriptLine("device ORNCON_1 CAN.Baudrate=62", &command, &error));
+    EXPECT_EQ(command.object, "ORNCON_1");
+    EXPECT_EQ(command.text, "CAN.Baudrate");
+    EXPECT_EQ(command.value, 62);
+    ASSERT_TRUE(ParseScriptLine("tick 1001", &command, &error));
+    EXPECT_EQ(command.code, 1001);
+    ASSERT_TRUE(ParseScriptLine("list ORNCST_1", &command, &error));
+    EXPECT_EQ(command.verb, SCRIPT_LIST);
+}
+
 TEST(Script, MalformedLinesSayWhy)
 {
     SCRIPTCOMMAND command;
     std::string error;
     for (const char* line : {"set name=1", "set Desk*=1", "set Desk*name", "get Desk", "callback x", "trace now",
-                             "save", "jump Desk"}) {
+                             "save", "jump Desk", "online ORNCST_1 maybe", "fault ORNCST_1 0 on",
+                             "fault ORNCST_1 on", "device ORNCST_1 Buzzer", "device ORNCST_1 Buzzer=x", "tick -5",
+                             "list"}) {
         error.clear();
         EXPECT_FALSE(ParseScriptLine(line, &command, &error)) << line;
         EXPECT_FALSE(error.empty()) << line;

@@ -2,6 +2,8 @@
 
 #include <stdio.h>
 
+#include <gtest/gtest.h>
+
 #include <fstream>
 #include <sstream>
 
@@ -13,6 +15,7 @@ const char kSurfaceClass[] = "TestDesignSurface";
 
 struct CATCHER {
     HHOOK hook = NULL;
+    bool expecting = false;  // a MESSAGEBOXCATCHER lives
     std::vector<std::string> texts;
 };
 
@@ -31,7 +34,10 @@ LRESULT CALLBACK CatchMessageBox(int code, WPARAM wParam, LPARAM lParam)
         if (strcmp(className, "#32770") == 0) {
             char text[1024] = "";
             GetDlgItemTextA(box, 0xFFFF, text, sizeof text);  // a message box's text control
-            Catcher().texts.push_back(text);
+            if (Catcher().expecting)
+                Catcher().texts.push_back(text);
+            else
+                ADD_FAILURE() << "unexpected message box: " << text;
             PostMessageA(box, WM_COMMAND, IDOK, 0);
         }
     }
@@ -136,16 +142,20 @@ std::vector<std::string> TESTDESIGN::SavedLines(std::string* raw) const
     return lines;
 }
 
+void CloseEveryMessageBox()
+{
+    Catcher().hook = SetWindowsHookExA(WH_CBT, CatchMessageBox, NULL, GetCurrentThreadId());
+}
+
 MESSAGEBOXCATCHER::MESSAGEBOXCATCHER()
 {
     Catcher().texts.clear();
-    Catcher().hook = SetWindowsHookExA(WH_CBT, CatchMessageBox, NULL, GetCurrentThreadId());
+    Catcher().expecting = true;
 }
 
 MESSAGEBOXCATCHER::~MESSAGEBOXCATCHER()
 {
-    UnhookWindowsHookEx(Catcher().hook);
-    Catcher().hook = NULL;
+    Catcher().expecting = false;
 }
 
 const std::vector<std::string>& MESSAGEBOXCATCHER::Texts() const

@@ -39,8 +39,11 @@ private:
     HOSTINFO* m_root;
 };
 
-// Catches message boxes of this thread while it lives: each box's text is
-// recorded and the box closed at once with its default button.
+// Every message box of the test thread is closed at once (so no test can hang
+// on one); a box that no MESSAGEBOXCATCHER expects fails the test.
+void CloseEveryMessageBox();
+
+// While it lives, message boxes are expected: their texts are recorded.
 class MESSAGEBOXCATCHER {
 public:
     MESSAGEBOXCATCHER();

@@ -106,3 +106,34 @@ TEST(Workbench, BrokenDesignLinesAreReportedWithTheirNumbers)
     EXPECT_NE(run.out.find("(4): Object exists already: ORNCST_1"), std::string::npos) << run.out;
     EXPECT_NE(run.out.find("(5): Unknown object NOBODY_9"), std::string::npos) << run.out;
 }
+
+TEST(Workbench, ConsolesGoOnlineAndReportTheirFaults)
+{
+    const std::string script = WriteScript(
+        "get ORNCST_1 online\n"
+        "tick 1100\n"
+        "get ORNCST_1 online\n"
+        "get ORNCST_1 MasterFault\n"
+        "list ORNCST_1\n"
+        "fault ORNCST_1 3 off\n"
+        "get ORNCST_1 MasterFault\n"
+        "device ORNCON_1 CAN.Baudrate=62\n"
+        "get ORNCST_1 baudrate\n"
+        "set ORNCST_4*address=2\n"
+        "set ORNCST_4*address=1\n"
+        "online NOBODY_1 on\n"
+        "fault ORNCST_1 11 on\n");
+    const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
+    EXPECT_NE(run.exitCode, 0u);
+    const size_t online = run.out.find("online=1\nMasterFault=1\n");
+    EXPECT_NE(online, std::string::npos) << run.out;
+    EXPECT_EQ(run.out.find("online=0\n"), 0u) << run.out;
+    EXPECT_NE(run.out.find("Firmware.Revision=V3.4.2\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("Faults3=1\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("MasterFault=0\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("baudrate=62.5 KBit/s\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("messagebox: DOVRIXC: Address already occupied by other ZEL!\n"), std::string::npos)
+        << run.out;
+    EXPECT_NE(run.err.find("no simulated online of NOBODY_1"), std::string::npos) << run.err;
+    EXPECT_NE(run.err.find("(13): fault needs OBJECT N on|off"), std::string::npos) << run.err;
+}
