@@ -198,7 +198,8 @@ void Canvas_Paint(HWND hwnd, CONSOLEPROPERTIES* c)
             graphics.DrawString(address, -1, &font, field, &centred, &ink);
         }
 
-        const bool fault = c->m_faultLed != 0 || c->m_masterFault != 0;
+        // The console's own fault, and the system's fault LED when it reports faults.
+        const bool fault = c->m_masterFault != 0 || (c->m_faultLed != 0 && c->m_reportFaultsCache != 0);
         SolidBrush led{Color(fault ? kFaultLedOn : kFaultLedOff)};
         graphics.FillEllipse(&led, (INT)client.right - 8, 3, 5, 5);
     }
