@@ -12,19 +12,25 @@ namespace {
 
 const char kModuleName[] = "DOVRIXCSTModule";
 
-// What a variable name stands for on this controller.
+// What a variable name stands for on this controller: one of its own stored
+// values (field), a value it derives, a port's slot, or a device variable.
 struct VARIABLE {
-    enum KIND { NONE, FREEADDRESSES, FAULTLED, MONITORING, LOCALSOURCE, ONLINE, BAUDRATE, SLOT, DEVICE } kind = NONE;
+    enum KIND { NONE, FIELD, FREEADDRESSES, FAULTLED, SLOT, DEVICE } kind = NONE;
+    int* field = nullptr;
     int slot = 0;
     SIMDEVICE* device = nullptr;
     std::string word;
 
-    bool Writable() const
-    {
-        return kind == MONITORING || kind == LOCALSOURCE || kind == ONLINE || kind == BAUDRATE ||
-               (kind == DEVICE && SIMDEVICE::Writable(word));
-    }
+    bool Writable() const { return kind == FIELD || (kind == DEVICE && SIMDEVICE::Writable(word)); }
 };
+
+VARIABLE Field(int* field)
+{
+    VARIABLE v;
+    v.kind = VARIABLE::FIELD;
+    v.field = field;
+    return v;
+}
 
 VARIABLE Resolve(CONTROLLER* c, const std::string& name)
 {
@@ -34,13 +40,13 @@ VARIABLE Resolve(CONTROLLER* c, const std::string& name)
     else if (name == "System.Info.FaultLed")
         v.kind = VARIABLE::FAULTLED;
     else if (name == "SystemMonitoringOnEmergency")
-        v.kind = VARIABLE::MONITORING;
+        return Field(&c->monitoring);
     else if (name == "ProgramLocalSorceConfig")
-        v.kind = VARIABLE::LOCALSOURCE;
+        return Field(&c->localSource);
     else if (name == "online")
-        v.kind = VARIABLE::ONLINE;
+        return Field(&c->online);
     else if (name == std::string(c->m_szName) + ".CAN.Baudrate")
-        v.kind = VARIABLE::BAUDRATE;
+        return Field(&c->baudrate);
     if (v.kind != VARIABLE::NONE)
         return v;
 
@@ -68,23 +74,14 @@ VARIABLE Resolve(CONTROLLER* c, const std::string& name)
 bool ReadVariable(CONTROLLER* c, const VARIABLE& v, int* value)
 {
     switch (v.kind) {
+    case VARIABLE::FIELD:
+        *value = *v.field;
+        return true;
     case VARIABLE::FREEADDRESSES:
         *value = c->FreeAddresses();
         return true;
     case VARIABLE::FAULTLED:
         *value = c->FaultLed() ? 1 : 0;
-        return true;
-    case VARIABLE::MONITORING:
-        *value = c->monitoring;
-        return true;
-    case VARIABLE::LOCALSOURCE:
-        *value = c->localSource;
-        return true;
-    case VARIABLE::ONLINE:
-        *value = c->online;
-        return true;
-    case VARIABLE::BAUDRATE:
-        *value = c->baudrate;
         return true;
     case VARIABLE::SLOT:
         *value = v.slot;
@@ -97,26 +94,13 @@ bool ReadVariable(CONTROLLER* c, const VARIABLE& v, int* value)
     return false;
 }
 
-bool WriteVariable(CONTROLLER* c, const VARIABLE& v, int value)
+bool WriteVariable(const VARIABLE& v, int value)
 {
-    switch (v.kind) {
-    case VARIABLE::MONITORING:
-        c->monitoring = value;
+    if (v.kind == VARIABLE::FIELD) {
+        *v.field = value;
         return true;
-    case VARIABLE::LOCALSOURCE:
-        c->localSource = value;
-        return true;
-    case VARIABLE::ONLINE:
-        c->online = value;
-        return true;
-    case VARIABLE::BAUDRATE:
-        c->baudrate = value;
-        return true;
-    case VARIABLE::DEVICE:
-        return v.device->Write(v.word, value, a_GetTickCount());
-    default:
-        return false;
     }
+    return v.kind == VARIABLE::DEVICE && v.device->Write(v.word, value, a_GetTickCount());
 }
 
 // The value of a request by its type: one byte (2, 6), an int (5) or text (11).
@@ -276,7 +260,7 @@ bool CONTROLLER::Simulate(const std::string& variable, int value)
     VARIABLE v = Resolve(this, std::string(m_szName) + "." + variable);
     if (v.kind == VARIABLE::NONE)
         v = Resolve(this, variable);
-    return WriteVariable(this, v, value);
+    return WriteVariable(v, value);
 }
 
 LRESULT CONTROLLER::OnMessage(WPARAM, LPARAM lParam)
@@ -298,7 +282,7 @@ LRESULT CONTROLLER::OnMessage(WPARAM, LPARAM lParam)
         r->index = 1;
         return 1;
     }
-    if (r->operation == REQ_WRITE && v.Writable() && TakeValue(r, &value) && WriteVariable(this, v, value)) {
+    if (r->operation == REQ_WRITE && v.Writable() && TakeValue(r, &value) && WriteVariable(v, value)) {
         r->index = 1;
         InvalidateRect(m_hWnd, NULL, TRUE);
         return 1;
