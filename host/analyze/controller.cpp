@@ -263,12 +263,41 @@ bool CONTROLLER::Simulate(const std::string& variable, int value)
     return WriteVariable(v, value);
 }
 
-LRESULT CONTROLLER::OnMessage(WPARAM, LPARAM lParam)
+// "CONSOLE.keyNNN": the key records a connected console sends its device.
+LRESULT CONTROLLER::KeyRecordRequest(REQUEST* r, const std::string& name)
+{
+    const size_t dot = name.find(".key");
+    int key = -1;
+    SIMDEVICE* device = dot == std::string::npos ? nullptr : Device(name.substr(0, dot), false);
+    if (!device || !device->connected || name.size() != dot + 7 || !ParseInt(name.c_str() + dot + 4, &key) ||
+        key < 0 || key > 127)
+        return -1;  // not a key record
+    r->index = 1;
+    if (r->operation == REQ_LOOKUP)
+        return 1;
+    if (r->type != REQTYPE_TEXT || !r->value)
+        return 0;
+    if (r->operation == REQ_WRITE)
+        device->keys[key] = static_cast<const char*>(r->value);
+    else if (r->operation == REQ_READ)
+        CopyText(static_cast<char*>(r->value), REQUEST_TEXT_SIZE, device->keys[key].c_str());
+    return 1;
+}
+
+LRESULT CONTROLLER::OnMessage(WPARAM wParam, LPARAM lParam)
 {
     REQUEST* r = reinterpret_cast<REQUEST*>(lParam);
     if (!r)
         return 0;
-    const VARIABLE v = Resolve(this, RequestName(r));
+    const std::string name = RequestName(r);
+    if (name == kAddAlarmId) {
+        HOSTINFO* root = a_FindRootHostinfo(this);
+        return root && root != this ? root->OnMessage(wParam, lParam) : 0;
+    }
+    const LRESULT keyRecord = KeyRecordRequest(r, name);
+    if (keyRecord >= 0)
+        return keyRecord;
+    const VARIABLE v = Resolve(this, name);
     if (r->operation == REQ_LOOKUP) {
         r->index = v.kind == VARIABLE::NONE ? 0 : 1;
         return r->index;

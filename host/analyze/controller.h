@@ -37,6 +37,8 @@ public:
     void AttachModule();
     // WM_APP+12: LOWORD old address, HIWORD new one; non-zero when moved.
     LRESULT MoveConsole(WPARAM addresses, HOSTINFO* console);
+    // Requests for "CONSOLE.keyNNN"; -1 when the name is not one.
+    LRESULT KeyRecordRequest(REQUEST* r, const std::string& name);
     // Bit n set: address n (1..16) is free on this controller's bus.
     int FreeAddresses() const;
     bool FaultLed() const;

@@ -8,6 +8,8 @@
 #include "../../base/text.h"
 #include "../../base/banned.h"
 
+const char kAddAlarmId[] = "Matrix.AddAlarmID";
+
 std::vector<DESIGN*>& OpenDesigns()
 {
     static std::vector<DESIGN*> designs;
@@ -52,6 +54,20 @@ bool DESIGN::SetVariable(const std::string& name, const std::string& value)
     return true;
 }
 
+// The alarm matrix: alarm keys announce themselves as "CONSOLE.keyN".
+LRESULT DESIGN::AddAlarmSource(REQUEST* request)
+{
+    request->index = 1;
+    if (request->operation == REQ_LOOKUP)
+        return 1;
+    if (request->operation != REQ_WRITE || request->type != REQTYPE_TEXT || !request->value)
+        return 0;
+    const std::string source = static_cast<const char*>(request->value);
+    if (std::find(alarmSources.begin(), alarmSources.end(), source) == alarmSources.end())
+        alarmSources.push_back(source);
+    return 1;
+}
+
 // Variables are addressed like a plug-in's keywords: index = position + 1.
 LRESULT DESIGN::OnMessage(WPARAM, LPARAM lParam)
 {
@@ -64,6 +80,8 @@ LRESULT DESIGN::OnMessage(WPARAM, LPARAM lParam)
     else if (request->value)
         name = static_cast<const char*>(request->value);
 
+    if (name == kAddAlarmId)
+        return AddAlarmSource(request);
     int index = 0;
     for (size_t i = 0; i < variables.size(); i++)
         if (variables[i].first == name)
@@ -144,6 +162,21 @@ BOOL a_GetOutputLine(HOSTINFO* root, int index, LPSTR text, int size)
     if (!design || index < 0 || (size_t)index >= design->output.size() || !text || size <= 0)
         return FALSE;
     CopyText(text, (size_t)size, design->output[(size_t)index].c_str());
+    return TRUE;
+}
+
+int a_GetAlarmSourceCount(HOSTINFO* root)
+{
+    DESIGN* design = FindDesign(root);
+    return design ? (int)design->alarmSources.size() : 0;
+}
+
+BOOL a_GetAlarmSource(HOSTINFO* root, int index, LPSTR text, int size)
+{
+    DESIGN* design = FindDesign(root);
+    if (!design || index < 0 || (size_t)index >= design->alarmSources.size() || !text || size <= 0)
+        return FALSE;
+    CopyText(text, (size_t)size, design->alarmSources[(size_t)index].c_str());
     return TRUE;
 }
 

@@ -17,6 +17,7 @@ public:
     LRESULT OnMessage(WPARAM, LPARAM request) override;
 
     void AppendOutput(const char* line);
+    LRESULT AddAlarmSource(REQUEST* request);
     bool SetVariable(const std::string& name, const std::string& value);
 
     HWND surface;
@@ -26,7 +27,11 @@ public:
     std::vector<std::pair<std::string, std::string>> variables;
     std::vector<std::string> output;
     HOSTINFO* selection = nullptr;   // the object the user selected
+    std::vector<std::string> alarmSources;  // "Matrix.AddAlarmID": "CONSOLE.keyN" of alarm keys
 };
+
+// "Matrix.AddAlarmID": where alarm keys announce themselves.
+extern const char kAddAlarmId[];
 
 // The open design whose root is root, or null.
 DESIGN* FindDesign(HOSTINFO* root);

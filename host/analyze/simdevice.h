@@ -34,6 +34,9 @@ public:
     std::string StateText() const;
     bool LoadStateText(const std::string& text, uint32_t now, std::string* error);
 
+    // The key records the console sent (key number to record).
+    std::map<int, std::string> keys;
+
     // Where the console sits: filled by the controller while connected.
     bool connected = false;
     std::string port;

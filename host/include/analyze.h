@@ -394,6 +394,11 @@ ANALYZE_API BOOL a_GetOutputLine(HOSTINFO* root, int index, LPSTR text, int size
 // Whether an object of the design was edited since loading or saving.
 ANALYZE_API BOOL a_IsModified(HOSTINFO* root);
 
+// The design's alarm matrix: the sources announced under "Matrix.AddAlarmID"
+// (to the design or to a controller), in the order they came.
+ANALYZE_API int a_GetAlarmSourceCount(HOSTINFO* root);
+ANALYZE_API BOOL a_GetAlarmSource(HOSTINFO* root, int index, LPSTR text, int size);
+
 // The simulated devices behind the design's controllers ("ORNCON_n",
 // "ELKCON_n"). object names a controller, whose variable is set ("CAN.Baudrate"
 // for "ORNCON_1.CAN.Baudrate", or a controller-wide name such as "online"), or

@@ -32,8 +32,8 @@ enum {
 };
 
 // A text value buffer (type 11) holds at least this many bytes; whoever fills
-// one writes no more.
-enum { REQUEST_TEXT_SIZE = 260 };
+// one writes no more. The longest key record fits.
+enum { REQUEST_TEXT_SIZE = 1024 };
 
 enum {
     REQMODE_EDIT = 0,

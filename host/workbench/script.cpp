@@ -117,10 +117,10 @@ bool ParseScriptLine(const std::string& rawLine, SCRIPTCOMMAND* command, std::st
         command->verb = SCRIPT_TICK;
         return true;
     }
-    if (verb == "trace") {
+    if (verb == "trace" || verb == "alarms") {
         if (!rest.empty())
-            return Fail(error, "trace takes no arguments");
-        command->verb = SCRIPT_TRACE;
+            return Fail(error, verb + " takes no arguments");
+        command->verb = verb == "trace" ? SCRIPT_TRACE : SCRIPT_ALARMS;
         return true;
     }
     return Fail(error, "unknown command '" + verb + "'");

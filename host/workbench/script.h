@@ -12,6 +12,7 @@
 //                           console, "CAN.Baudrate=62" of a controller)
 //   list OBJ                prints the object's property list, KEYWORD=VALUE a row
 //   tick MS                 advances the host's clock and timers by MS
+//   alarms                  prints the design's alarm matrix, a source a line
 //   # ...                   a comment; blank lines are skipped
 #pragma once
 
@@ -30,6 +31,7 @@ enum SCRIPTVERB {
     SCRIPT_DEVICE,
     SCRIPT_LIST,
     SCRIPT_TICK,
+    SCRIPT_ALARMS,
 };
 
 struct SCRIPTCOMMAND {

@@ -199,6 +199,16 @@ bool PrintTrace(WORKBENCH* bench)
     return true;
 }
 
+bool PrintAlarmSources(WORKBENCH* bench)
+{
+    char source[256];
+    const int count = a_GetAlarmSourceCount(bench->design);
+    for (int i = 0; i < count; i++)
+        if (a_GetAlarmSource(bench->design, i, source, sizeof source))
+            printf("%s\n", source);
+    return true;
+}
+
 }  // namespace
 
 bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command)
@@ -239,6 +249,9 @@ bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command)
         break;
     case SCRIPT_TICK:
         Tick(command.code);
+        break;
+    case SCRIPT_ALARMS:
+        ok = PrintAlarmSources(bench);
         break;
     }
     fflush(stdout);

@@ -8,7 +8,6 @@
 #include "handlerkit.h"
 #include "handlers.h"
 
-#include "../../base/trace.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -74,9 +73,16 @@ void ResendSettings(CONSOLEPROPERTIES* c)
     }
 }
 
+// Every key that carries a function, as "CONSOLE.keyNNN" with its record.
 void SendKeyConfiguration(CONSOLEPROPERTIES* c)
 {
-    Trace("%s: the key configuration is not sent yet: key records are not implemented\n", c->m_szName);
+    for (int key = 0; key < CONSOLE_KEY_COUNT; key++) {
+        if (c->m_keys[key].functionId == 0)
+            continue;
+        char word[16];
+        FormatText(word, sizeof word, "key%03d", key);
+        WriteConsoleVariable(c, word, FormatKeyRecord(c->m_keys[key]).c_str(), REQTYPE_TEXT);
+    }
 }
 
 // Leaves the old controller: the monitoring goes off first when the console

@@ -1,7 +1,6 @@
 // Every keyword of a console object, in the order the table is built; the
-// lookup works on the sorted table. Keywords whose handlers are not built yet
-// (key records, the paging list) have none: loading their lines reports
-// "Not implemented".
+// lookup works on the sorted table. A keyword whose handler is not built yet
+// (the paging list) has none: loading its line reports "Not implemented".
 #include "consolekeywords.h"
 
 #include "handlers.h"
@@ -42,11 +41,11 @@ void AddKeySlots(KEYWORDTABLE& table)
         if (key >= 120 && key <= 122) {
             char option[32];
             FormatText(option, sizeof option, "key0%dOptionState", key);
-            table.Add(option, nullptr, 0, S);
+            table.Add(option, OptionStateMemberHandler(key), 0, S);
         }
         char keyword[16];
         FormatText(keyword, sizeof keyword, "key%03d", key);
-        table.Add(keyword, nullptr, 0, S);
+        table.Add(keyword, KeyMemberHandler(key), 0, S);
     }
 }
 
@@ -102,7 +101,7 @@ void BuildConsoleKeywordTable()
     t.Add("ShowLineMonitoring", ShowLineMonitoringHandler, 0, SL);
     t.Add("ShowPowerManagementStates", ShowPowerManagementHandler, 0, SL);
     t.Add("DecadicSelectionActive", DecadicSelectionHandler, 0, SL);
-    AddNumbered(t, "NumericKey%d", 0, 11, S);
+    AddNumbered(t, "NumericKey%d", 0, 11, S, NumericKeyMemberHandler);
     t.Add("GetCSTPagingList", nullptr, 0, 0);
     t.Add("FireEmergencyMonitoring", FireEmergencyMonitoringHandler, 0, S);
     t.Add("EmergencyCSTKeys", EmergencyKeysHandler, 0, S);

@@ -6,11 +6,7 @@
 
 #include "consolesettings.h"
 #include "keywordtable.h"
-
-// One key slot: the key function and its parameters (0 = no function).
-struct KEYSLOT {
-    int32_t function;
-};
+#include "../keys/keyrecord.h"
 
 class CONSOLEPROPERTIES final : public HOSTINFO {
 public:
@@ -31,6 +27,7 @@ public:
 
     KEYSLOT m_keys[CONSOLE_KEY_COUNT];
     KEYSLOT m_numericKeys[CONSOLE_NUMERICKEY_COUNT];
+    uint8_t m_optionStates[3];    // keys 120 to 122: 0 absent, 1 ordinary key, 2 lock switch
     CONSOLESETTINGS m_settings;
     char m_szDisplayName[DISPLAYNAME_SIZE];
     int32_t m_model;              // model index, see ModelText()

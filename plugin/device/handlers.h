@@ -33,6 +33,11 @@ int WatchdogCounterHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 KEYWORDHANDLER FaultsMemberHandler(int n);      // Faults1 .. Faults10
 KEYWORDHANDLER StateFlagsMemberHandler(int n);  // StateFlags1 .. StateFlags8
 
+// Key slots (records of the key model).
+KEYWORDHANDLER KeyMemberHandler(int key);          // key000 .. key127
+KEYWORDHANDLER NumericKeyMemberHandler(int key);   // NumericKey0 .. NumericKey11
+KEYWORDHANDLER OptionStateMemberHandler(int key);  // key0120OptionState .. key0122OptionState
+
 // Extensions.
 int ExtensionTypesHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 int ExtensionCountHandler(REQUEST* r, CONSOLEPROPERTIES* c);

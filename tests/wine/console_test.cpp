@@ -84,12 +84,12 @@ TEST(Console, BadLinesAreReportedAndChangeNothing)
     EXPECT_FALSE(LoadedNotificationPending(design.Surface()));
     EXPECT_TRUE(design.Output().empty());
 
-    design.Load({"ORNCST_1*priority=abc", "ORNCST_1*priority=" + std::string(10000, '9'), "ORNCST_1*key000=Talk",
+    design.Load({"ORNCST_1*priority=abc", "ORNCST_1*priority=" + std::string(10000, '9'), "ORNCST_1*GetCSTPagingList=1",
                  "ORNCST_1*" + std::string(10000, 'k') + "=1"});
     EXPECT_EQ(design.Get("ORNCST_1", "priority"), "3");
     const std::vector<std::string> output = design.Output();
     EXPECT_TRUE(Contains(output, "Error reading line priority"));
-    EXPECT_TRUE(Contains(output, "Not implemented key000"));
+    EXPECT_TRUE(Contains(output, "Not implemented GetCSTPagingList"));
     EXPECT_EQ(std::count(output.begin(), output.end(), "Error reading line priority"), 2);
 }
 

@@ -310,16 +310,29 @@ TEST_F(Live, NumbersOutsideTheirRangeAreRefused)
 
 TEST_F(Live, SavedKeywordsInTableOrder)
 {
-    const std::vector<std::string> part = {
+    std::vector<std::string> expected = {
         "BgmMenuActive", "Buzzer", "CANTermination", "Compressor", "DecadicSelectionActive", "EmergencyCSTKeys",
         "ExtensionCount", "FaultMask1", "FaultMask10", "FaultMask2", "FaultMask3", "FaultMask4", "FaultMask5",
-        "FaultMask6", "FaultMask8", "FaultMask9", "FaultMaskTest", "FireEmergencyMonitoring", "PTTActive",
-        "ShowDate", "ShowLineMonitoring", "ShowPowerManagementStates", "address", "generatePilot"};
-    std::vector<std::string> expected = part;
-    char label[32];
+        "FaultMask6", "FaultMask8", "FaultMask9", "FaultMaskTest", "FireEmergencyMonitoring", "NumericKey0",
+        "NumericKey1", "NumericKey10", "NumericKey11"};
+    char name[32];
+    for (int key = 2; key <= 9; key++) {
+        snprintf(name, sizeof name, "NumericKey%d", key);
+        expected.push_back(name);
+    }
+    for (const char* keyword : {"PTTActive", "ShowDate", "ShowLineMonitoring", "ShowPowerManagementStates", "address",
+                                "generatePilot"})
+        expected.push_back(keyword);
     for (int key = 0; key < 128; key++) {
-        snprintf(label, sizeof label, "keylabel%03d", key);
-        expected.push_back(label);
+        snprintf(name, sizeof name, "key%03d", key);
+        expected.push_back(name);
+        if (key == 12)
+            for (const char* option : {"key0120OptionState", "key0121OptionState", "key0122OptionState"})
+                expected.push_back(option);
+    }
+    for (int key = 0; key < 128; key++) {
+        snprintf(name, sizeof name, "keylabel%03d", key);
+        expected.push_back(name);
     }
     for (const char* keyword : {"layer", "name", "preChimeActive", "priority", "reportFaults", "type"})
         expected.push_back(keyword);

@@ -67,6 +67,18 @@ TEST(Workbench, SampleDesignRoundTripsByteForByte)
     EXPECT_EQ(ReadFileBytes(saved), original);
 }
 
+TEST(Workbench, KeysOfEveryFamilyRoundTrip)
+{
+    const std::string design = SourcePath("tests/data/allkeys.ds");
+    const std::string saved = TempFolder() + "\\saved.ds";
+    const std::string script = WriteScript("alarms\nget ORNCST_1 key002\n");
+    const RUN run = Workbench("\"" + design + "\" --script \"" + script + "\" --save \"" + saved + "\"");
+    EXPECT_EQ(run.exitCode, 0u) << run.err;
+    EXPECT_EQ(ReadFileBytes(saved), ReadFileBytes(design));
+    EXPECT_EQ(run.out, "ORNCST_1.key8\n"
+                       "key002=Talk to Zone,1,2,1,50,2,0,1,4,5,1,6,7,300,1,9,ORNCON_1.Hall,Gong|12,Bell|13\n");
+}
+
 TEST(Workbench, ScriptReadsWritesAndReports)
 {
     const std::string script = WriteScript(

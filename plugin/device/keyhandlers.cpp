@@ -1,0 +1,103 @@
+// The key slots of a console: key000 to key127, the numeric keys and the
+// option state of the three special keys. A slot is read as its key record
+// and written from one; a talk key must use an audio input the console has,
+// and an alarm key is announced to the host's alarm matrix.
+#include "consoleproperties.h"
+#include "family.h"
+#include "handlerkit.h"
+#include "handlers.h"
+#include "partner.h"
+
+#include "../../base/banned.h"
+
+namespace {
+
+enum { AUDIO_INTERNAL_MIC = 1, AUDIO_EXTERNAL_MIC = 2, AUDIO_EXTERNAL_LINE = 3 };  // input plus one
+
+// The keypad boards (models 3 and 6) have the microphone and line inputs; the
+// consoles have their internal microphone only.
+bool OffersAudioInput(int model, int stored)
+{
+    if (model == MODEL_ELK_CSK || model == MODEL_ORN_CSK)
+        return stored >= AUDIO_INTERNAL_MIC && stored <= AUDIO_EXTERNAL_LINE;
+    return stored == AUDIO_INTERNAL_MIC;
+}
+
+void CheckAudioInput(CONSOLEPROPERTIES* c, KEYSLOT* slot)
+{
+    if (!IsTalkKey(*slot) || OffersAudioInput(c->m_model, slot->cells[TALKCELL_AUDIOINPUT]))
+        return;
+    slot->cells[TALKCELL_AUDIOINPUT] = AUDIO_INTERNAL_MIC;
+    EDITTRACE(c->m_pHost ? c->m_pHost : c, "%s: Error reading audio input. Only 'Internal Mic' is available.\n",
+              c->m_szName);
+}
+
+// The alarm matrix is the controller's when the console is connected, else
+// the design's.
+void AnnounceAlarm(CONSOLEPROPERTIES* c, int key)
+{
+    char source[VARIABLE_NAME_SIZE];
+    FormatText(source, sizeof source, "%s.key%d", c->m_szName, key);
+    HOSTINFO* matrix = c->m_pPartner ? c->m_pPartner : a_FindRootHostinfo(c);
+    if (matrix != c)
+        WriteVariable(matrix, "Matrix.AddAlarmID", source, REQTYPE_TEXT);
+}
+
+int SlotHandler(REQUEST* r, CONSOLEPROPERTIES* c, KEYSLOT* slot)
+{
+    if (IsRead(r, REQTYPE_TEXT)) {
+        CopyText(TextOf(r), REQUEST_TEXT_SIZE, FormatKeyRecord(*slot).c_str());
+        return 1;
+    }
+    if (!IsWrite(r, REQTYPE_TEXT))
+        return 0;
+    ParseKeyRecord(TextOf(r), slot);
+    CheckAudioInput(c, slot);
+    return 1;
+}
+
+int KeyHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key)
+{
+    const int answer = SlotHandler(r, c, &c->m_keys[key]);
+    if (answer && r->operation == REQ_WRITE && IsAlarmKey(c->m_keys[key]))
+        AnnounceAlarm(c, key);
+    return answer;
+}
+
+int NumericKeyHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key)
+{
+    return SlotHandler(r, c, &c->m_numericKeys[key]);
+}
+
+int OptionStateHandler(REQUEST* r, CONSOLEPROPERTIES* c, int special)
+{
+    uint8_t& state = c->m_optionStates[special];
+    if (IsRead(r, REQTYPE_TEXT))
+        return AnswerText(r, "%d", state);
+    int value = 0;
+    if (!IsWrite(r, REQTYPE_TEXT) || !ScanDecimal(TextOf(r), &value) || value < 0 || value > 2)
+        return 0;
+    state = (uint8_t)value;
+    return 1;
+}
+
+constexpr auto kKeys = MakeFamily<KeyHandler, CONSOLE_KEY_COUNT>();
+constexpr auto kNumericKeys = MakeFamily<NumericKeyHandler, CONSOLE_NUMERICKEY_COUNT>();
+constexpr auto kOptionStates = MakeFamily<OptionStateHandler, 3>();
+
+}  // namespace
+
+KEYWORDHANDLER KeyMemberHandler(int key)
+{
+    return kKeys[(size_t)key];
+}
+
+KEYWORDHANDLER NumericKeyMemberHandler(int key)
+{
+    return kNumericKeys[(size_t)key];
+}
+
+KEYWORDHANDLER OptionStateMemberHandler(int key)
+{
+    return kOptionStates[(size_t)(key - 120)];
+}
