@@ -287,7 +287,7 @@ LRESULT CONTROLLER::KeyRecordRequest(REQUEST* r, const std::string& name)
 LRESULT CONTROLLER::OnMessage(WPARAM wParam, LPARAM lParam)
 {
     REQUEST* r = reinterpret_cast<REQUEST*>(lParam);
-    if (!r)
+    if (!r || deleted)
         return 0;
     const std::string name = RequestName(r);
     if (name == kAddAlarmId) {
@@ -323,7 +323,7 @@ BOOL CONTROLLER::OnConnectSource(LPCSTR source, LPCSTR params)
 {
     std::string port;
     int address = 0, model = 0;
-    if (!source || !ParsePosition(params, &port, &address, &model) || address < 1 || address > 16)
+    if (deleted || !source || !ParsePosition(params, &port, &address, &model) || address < 1 || address > 16)
         return FALSE;
     bool known = false;
     for (const std::string& name : ports)
@@ -357,7 +357,7 @@ BOOL CONTROLLER::OnDisconnectSource(LPCSTR source, LPCSTR params)
 BOOL CONTROLLER::OnIsAlive(WPARAM, LPARAM lParam)
 {
     HOSTINFO* console = reinterpret_cast<HOSTINFO*>(lParam);
-    SIMDEVICE* device = console ? Device(console->m_szName, false) : nullptr;
+    SIMDEVICE* device = console && !deleted ? Device(console->m_szName, false) : nullptr;
     return device && device->connected && device->IsOn() && online;
 }
 

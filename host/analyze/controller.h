@@ -53,6 +53,10 @@ public:
     int online = 1;       // the controller's own link
     std::map<std::string, SIMDEVICE> devices;  // by console object name
     CONSOLEMODULE module;
+    // Set when the controller's window is gone: consoles may still hold the
+    // object as their partner, so it stays allocated until the design closes
+    // and answers no request.
+    bool deleted = false;
 };
 
 // The controller behind a host object, when it is one.

@@ -30,21 +30,29 @@ LRESULT Controller_Create(HWND hwnd, const CREATESTRUCTA* create)
     return 0;
 }
 
+// The controller leaves the design; consoles connected to it lose it.
 void Controller_Destroy(HWND hwnd, CONTROLLER* c)
 {
     HOSTINFO* root = a_FindRootHostinfo(c);
+    std::string orphans;
+    for (const auto& device : c->devices)
+        if (device.second.connected)
+            orphans += (orphans.empty() ? "" : ", ") + device.first;
+    if (!orphans.empty())
+        EDITTRACE(c, "%s was deleted; its consoles lost their connection: %s", c->m_szName, orphans.c_str());
     a_HostinfoDestroyed(root, &c->module);
     a_HostinfoDestroyed(root, c);
-    a_CleanHostinfo(c);
     a_RemoveHostinfo(c->m_pHost, c);
     SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
-    delete c;
+    c->deleted = true;
+    if (DESIGN* design = FindDesign(root))
+        design->retired.push_back(c);
+    else
+        delete c;
 }
 
-void Controller_Paint(HWND hwnd, CONTROLLER* c)
+void Controller_Draw(HWND hwnd, CONTROLLER* c, HDC hdc)
 {
-    PAINTSTRUCT ps;
-    HDC hdc = BeginPaint(hwnd, &ps);
     RECT client;
     GetClientRect(hwnd, &client);
     const bool familyA = strncmp(c->m_szName, "ORNCON", 6) == 0 || strstr(c->m_szName, "*ORNCON");
@@ -72,6 +80,13 @@ void Controller_Paint(HWND hwnd, CONTROLLER* c)
     DrawTextA(hdc, consoles[0] ? consoles : "no consoles", -1, &text, DT_LEFT | DT_TOP | DT_SINGLELINE);
     SelectObject(hdc, oldFont);
     a_DrawSelection(c, hdc);
+}
+
+void Controller_Paint(HWND hwnd, CONTROLLER* c)
+{
+    PAINTSTRUCT ps;
+    HDC hdc = BeginPaint(hwnd, &ps);
+    Controller_Draw(hwnd, c, hdc);
     EndPaint(hwnd, &ps);
 }
 
@@ -104,6 +119,11 @@ LRESULT CALLBACK ControllerWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARA
     case WM_PAINT:
         Controller_Paint(hwnd, c);
         return 0;
+    case WM_PRINTCLIENT:
+        Controller_Draw(hwnd, c, (HDC)wParam);
+        return 0;
+    case WM_NCHITTEST:
+        return HTTRANSPARENT;  // the design surface selects and moves controllers
     case WM_DESTROY:
         Controller_Destroy(hwnd, c);
         return 0;

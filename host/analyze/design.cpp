@@ -139,6 +139,8 @@ void a_DestroyDesign(HOSTINFO* root)
             DestroyWindow(obj->m_hWnd);
     auto& designs = OpenDesigns();
     designs.erase(std::remove(designs.begin(), designs.end(), design), designs.end());
+    for (CONTROLLER* retired : design->retired)
+        delete retired;
     delete design;
 }
 

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+class CONTROLLER;
+
 class DESIGN final : public HOSTINFO {
 public:
     DESIGN(HWND surface, HWND output);
@@ -27,6 +29,10 @@ public:
     std::vector<std::pair<std::string, std::string>> variables;
     std::vector<std::string> output;
     HOSTINFO* selection = nullptr;   // the object the user selected
+    WORD mode = 0;                   // the objects' mode word: 0 run, 1 design
+    // Deleted controllers: their windows are gone, but consoles may still
+    // point to them; freed with the design.
+    std::vector<CONTROLLER*> retired;
     std::vector<std::string> alarmSources;  // "Matrix.AddAlarmID": "CONSOLE.keyN" of alarm keys
 };
 

@@ -57,6 +57,7 @@ BOOL a_AddHostinfo(HOSTINFO* host, HOSTINFO* obj)
         return FALSE;
     if (std::find(design->objects.begin(), design->objects.end(), obj) == design->objects.end())
         design->objects.push_back(obj);
+    obj->m_wMode = design->mode;
     return TRUE;
 }
 
@@ -121,16 +122,20 @@ void a_DrawSelection(HOSTINFO* obj, HDC hdc)
         return;
     RECT client;
     GetClientRect(obj->m_hWnd, &client);
-    const int mark = 4;
+    const int mark = 5;
     const POINT corners[] = {{client.left, client.top},
                              {client.right - mark, client.top},
                              {client.left, client.bottom - mark},
                              {client.right - mark, client.bottom - mark}};
-    HBRUSH black = (HBRUSH)GetStockObject(BLACK_BRUSH);
+    // Marks that stand out on light and dark faces alike.
+    HBRUSH fill = CreateSolidBrush(RGB(0x00, 0x78, 0xD7));
     for (const POINT& corner : corners) {
         RECT box = {corner.x, corner.y, corner.x + mark, corner.y + mark};
-        FillRect(hdc, &box, black);
+        FillRect(hdc, &box, (HBRUSH)GetStockObject(WHITE_BRUSH));
+        InflateRect(&box, -1, -1);
+        FillRect(hdc, &box, fill);
     }
+    DeleteObject(fill);
 }
 
 BOOL a_SetSelection(HOSTINFO* root, HOSTINFO* obj)
@@ -151,4 +156,15 @@ HOSTINFO* a_GetSelection(HOSTINFO* root)
 {
     DESIGN* design = FindDesign(root);
     return design ? design->selection : NULL;
+}
+
+BOOL a_SetDesignMode(HOSTINFO* root, WORD mode)
+{
+    DESIGN* design = FindDesign(root);
+    if (!design)
+        return FALSE;
+    design->mode = mode;
+    for (HOSTINFO* obj : design->objects)
+        obj->m_wMode = mode;
+    return TRUE;
 }

@@ -322,6 +322,10 @@ ANALYZE_API void a_DrawSelection(HOSTINFO* obj, HDC hdc);
 // The design's selected object (one at most; null clears the selection).
 ANALYZE_API BOOL a_SetSelection(HOSTINFO* root, HOSTINFO* obj);
 ANALYZE_API HOSTINFO* a_GetSelection(HOSTINFO* root);
+// The mode word of every object of the design, now and when added: 0 while
+// the design runs, non-zero while it is edited (objects then hand their mouse
+// input to the design surface).
+ANALYZE_API BOOL a_SetDesignMode(HOSTINFO* root, WORD mode);
 
 // ---- Lists ----------------------------------------------------------------
 

@@ -9,22 +9,29 @@
 namespace {
 
 const char kFrameClass[] = "DovrixcWorkbench";
-const char kSurfaceClass[] = "DovrixcDesignSurface";
 const UINT_PTR kHostTimer = 1;
 const UINT kHostTimerPeriod = 250;
 const int kOutputHeight = 140;
+const int kPropertiesWidth = 320;
 
 enum {
     IDM_OPEN = 100,
     IDM_SAVE,
     IDM_SAVEAS,
     IDM_EXIT,
+    IDM_DESIGNMODE,
+    IDM_DEVICE_ON,
+    IDM_DEVICE_OFF,
+    IDM_DEVICE_CLEARFAULTS,
+    IDM_DEVICE_CONFIGURATION,
     IDM_ABOUT,
+    IDM_DEVICE_FAULT = 200,  // + fault word 1 .. 10
 };
 
 struct FRAME {
     WORKBENCH* bench;
     HWND status;
+    int ticks;  // host timer ticks, for the slower property refresh
 };
 
 FRAME* FrameOf(HWND hwnd)
@@ -35,36 +42,55 @@ FRAME* FrameOf(HWND hwnd)
 HMENU BuildMenu()
 {
     HMENU file = CreatePopupMenu();
-    AppendMenuA(file, MF_STRING, IDM_OPEN, "&Open...\tCtrl+O");
-    AppendMenuA(file, MF_STRING, IDM_SAVE, "&Save\tCtrl+S");
+    AppendMenuA(file, MF_STRING, IDM_OPEN, "&Open...");
+    AppendMenuA(file, MF_STRING, IDM_SAVE, "&Save");
     AppendMenuA(file, MF_STRING, IDM_SAVEAS, "Save &As...");
     AppendMenuA(file, MF_SEPARATOR, 0, NULL);
     AppendMenuA(file, MF_STRING, IDM_EXIT, "E&xit");
+    HMENU view = CreatePopupMenu();
+    AppendMenuA(view, MF_STRING | MF_CHECKED, IDM_DESIGNMODE, "&Design mode");
+    HMENU faults = CreatePopupMenu();
+    for (int word = 1; word <= 10; word++) {
+        char item[32];
+        FormatText(item, sizeof item, "Fault word &%d", word);
+        AppendMenuA(faults, MF_STRING, IDM_DEVICE_FAULT + word, item);
+    }
+    HMENU device = CreatePopupMenu();
+    AppendMenuA(device, MF_STRING, IDM_DEVICE_ON, "Switch &on");
+    AppendMenuA(device, MF_STRING, IDM_DEVICE_OFF, "Switch o&ff");
+    AppendMenuA(device, MF_SEPARATOR, 0, NULL);
+    AppendMenuA(device, MF_POPUP, (UINT_PTR)faults, "&Raise fault");
+    AppendMenuA(device, MF_STRING, IDM_DEVICE_CLEARFAULTS, "&Clear faults");
+    AppendMenuA(device, MF_SEPARATOR, 0, NULL);
+    AppendMenuA(device, MF_STRING, IDM_DEVICE_CONFIGURATION, "Open &configuration");
     HMENU help = CreatePopupMenu();
     AppendMenuA(help, MF_STRING, IDM_ABOUT, "&About...");
     HMENU bar = CreateMenu();
     AppendMenuA(bar, MF_POPUP, (UINT_PTR)file, "&File");
+    AppendMenuA(bar, MF_POPUP, (UINT_PTR)view, "&View");
+    AppendMenuA(bar, MF_POPUP, (UINT_PTR)device, "&Device");
     AppendMenuA(bar, MF_POPUP, (UINT_PTR)help, "&Help");
     return bar;
 }
 
-void Frame_UpdateStatus(HWND hwnd, FRAME* frame)
+void Frame_UpdateStatus(FRAME* frame)
 {
     WORKBENCH* bench = frame->bench;
-    char text[MAX_PATH + 32];
+    char text[MAX_PATH + 64];
     FormatText(text, sizeof text, "%s%s", bench->designPath.empty() ? "(new design)" : bench->designPath.c_str(),
                a_IsModified(bench->design) ? "  (changed)" : "");
     SendMessageA(frame->status, SB_SETTEXTA, 0, (LPARAM)text);
-    (void)hwnd;
 }
 
 LRESULT Frame_Create(HWND hwnd, const CREATESTRUCTA* create)
 {
-    FRAME* frame = new FRAME{static_cast<WORKBENCH*>(create->lpCreateParams), NULL};
+    FRAME* frame = new FRAME{static_cast<WORKBENCH*>(create->lpCreateParams), NULL, 0};
     SetWindowLongPtrA(hwnd, GWLP_USERDATA, (LONG_PTR)frame);
     WORKBENCH* bench = frame->bench;
-    bench->surface = CreateWindowExA(WS_EX_CLIENTEDGE, kSurfaceClass, "", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
-                                     0, 0, 0, 0, hwnd, NULL, create->hInstance, NULL);
+    bench->frame = hwnd;
+    bench->surface = CreateWindowExA(WS_EX_CLIENTEDGE, kSurfaceClass, "", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0,
+                                     0, 0, 0, hwnd, NULL, create->hInstance, bench);
+    bench->properties = CreatePropertyList(hwnd, bench);
     bench->output = CreateWindowExA(WS_EX_CLIENTEDGE, "EDIT", "",
                                     WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL,
                                     0, 0, 0, 0, hwnd, NULL, create->hInstance, NULL);
@@ -83,8 +109,14 @@ void Frame_Layout(HWND hwnd, FRAME* frame)
     RECT status;
     GetWindowRect(frame->status, &status);
     const int statusHeight = status.bottom - status.top;
-    const int outputTop = client.bottom - statusHeight - kOutputHeight;
-    MoveWindow(frame->bench->surface, 0, 0, client.right, outputTop > 0 ? outputTop : 0, TRUE);
+    int outputTop = client.bottom - statusHeight - kOutputHeight;
+    if (outputTop < 0)
+        outputTop = 0;
+    int surfaceWidth = client.right - kPropertiesWidth;
+    if (surfaceWidth < 0)
+        surfaceWidth = 0;
+    MoveWindow(frame->bench->surface, 0, 0, surfaceWidth, outputTop, TRUE);
+    MoveWindow(frame->bench->properties, surfaceWidth, 0, client.right - surfaceWidth, outputTop, TRUE);
     MoveWindow(frame->bench->output, 0, outputTop, client.right, kOutputHeight, TRUE);
 }
 
@@ -101,14 +133,40 @@ bool AskForFile(HWND hwnd, bool save, char* path, DWORD size)
     return save ? GetSaveFileNameA(&ofn) != 0 : GetOpenFileNameA(&ofn) != 0;
 }
 
+// The simulated device of the selected console.
+void Frame_Device(HWND hwnd, WORKBENCH* bench, int id)
+{
+    HOSTINFO* console = a_GetSelection(bench->design);
+    if (!console) {
+        MessageBoxA(hwnd, "Select a console on the design surface first.", "Workbench", MB_OK | MB_ICONINFORMATION);
+        return;
+    }
+    bool ok = true;
+    if (id == IDM_DEVICE_ON || id == IDM_DEVICE_OFF) {
+        ok = a_SimulateDevice(console->m_szName, "online", id == IDM_DEVICE_ON) != FALSE;
+    } else if (id == IDM_DEVICE_CLEARFAULTS) {
+        for (int word = 1; word <= 10 && ok; word++)
+            ok = a_SimulateDevice(console->m_szName, ("Faults" + std::to_string(word)).c_str(), 0) != FALSE;
+    } else if (id == IDM_DEVICE_CONFIGURATION) {
+        SendMessageA(console->m_hWnd, WM_HOST_CONTEXTCOMMAND, 0, 1);
+    } else {
+        const int word = id - IDM_DEVICE_FAULT;
+        ok = a_SimulateDevice(console->m_szName, ("Faults" + std::to_string(word)).c_str(), 1) != FALSE;
+    }
+    if (!ok)
+        EDITTRACE(bench->design, "%s has no simulated device: connect it to a controller first", console->m_szName);
+}
+
 void Frame_Command(HWND hwnd, FRAME* frame, int id)
 {
     WORKBENCH* bench = frame->bench;
     char path[MAX_PATH] = "";
     switch (id) {
     case IDM_OPEN:
-        if (AskForFile(hwnd, false, path, sizeof path))
+        if (AskForFile(hwnd, false, path, sizeof path)) {
+            ShowProperties(bench->properties, nullptr);
             OpenDesign(bench, path);
+        }
         break;
     case IDM_SAVE:
         if (!bench->designPath.empty()) {
@@ -123,7 +181,14 @@ void Frame_Command(HWND hwnd, FRAME* frame, int id)
         break;
     case IDM_EXIT:
         DestroyWindow(hwnd);
+        return;
+    case IDM_DESIGNMODE: {
+        const bool designing = !(GetMenuState(GetMenu(hwnd), IDM_DESIGNMODE, MF_BYCOMMAND) & MF_CHECKED);
+        CheckMenuItem(GetMenu(hwnd), IDM_DESIGNMODE, designing ? MF_CHECKED : MF_UNCHECKED);
+        bench->designMode = designing;
+        a_SetDesignMode(bench->design, designing ? 1 : 0);
         break;
+    }
     case IDM_ABOUT: {
         const INT_PTR build = bench->callback ? bench->callback(13, bench->design, 0) : 0;
         char text[512];
@@ -131,8 +196,27 @@ void Frame_Command(HWND hwnd, FRAME* frame, int id)
         MessageBoxA(hwnd, text, "About", MB_OK | MB_ICONINFORMATION);
         break;
     }
+    default:
+        if (id >= IDM_DEVICE_ON)
+            Frame_Device(hwnd, bench, id);
+        break;
     }
-    Frame_UpdateStatus(hwnd, frame);
+    Frame_UpdateStatus(frame);
+}
+
+LRESULT Frame_Notify(FRAME* frame, const NMHDR* header)
+{
+    if (header->hwndFrom == frame->bench->properties && header->code == NM_DBLCLK)
+        BeginPropertyEdit(frame->bench->properties, reinterpret_cast<const NMITEMACTIVATE*>(header)->iItem);
+    return 0;
+}
+
+void Frame_Timer(FRAME* frame)
+{
+    TickObjects();
+    if (++frame->ticks % 4 == 0)
+        RefreshPropertyValues(frame->bench->properties);
+    Frame_UpdateStatus(frame);
 }
 
 LRESULT CALLBACK FrameWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
@@ -149,12 +233,18 @@ LRESULT CALLBACK FrameWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
     case WM_COMMAND:
         Frame_Command(hwnd, frame, LOWORD(wParam));
         return 0;
+    case WM_NOTIFY:
+        return Frame_Notify(frame, reinterpret_cast<NMHDR*>(lParam));
+    case WM_BENCH_SELECTED:
+        ShowProperties(frame->bench->properties, reinterpret_cast<HOSTINFO*>(lParam));
+        return 0;
     case WM_TIMER:
-        TickObjects();
-        Frame_UpdateStatus(hwnd, frame);
+        Frame_Timer(frame);
         return 0;
     case WM_DESTROY:
         KillTimer(hwnd, kHostTimer);
+        DestroyPropertyList(frame->bench->properties);
+        frame->bench->properties = NULL;
         SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
         delete frame;
         PostQuitMessage(0);
@@ -164,7 +254,7 @@ LRESULT CALLBACK FrameWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
     }
 }
 
-bool RegisterClasses(HINSTANCE instance)
+bool RegisterFrameClass(HINSTANCE instance)
 {
     WNDCLASSEXA frame = {};
     frame.cbSize = sizeof frame;
@@ -173,24 +263,19 @@ bool RegisterClasses(HINSTANCE instance)
     frame.hCursor = LoadCursor(NULL, IDC_ARROW);
     frame.hbrBackground = (HBRUSH)(COLOR_BTNFACE + 1);
     frame.lpszClassName = kFrameClass;
-    WNDCLASSEXA surface = {};
-    surface.cbSize = sizeof surface;
-    surface.lpfnWndProc = DefWindowProcA;
-    surface.hInstance = instance;
-    surface.hCursor = LoadCursor(NULL, IDC_ARROW);
-    surface.hbrBackground = (HBRUSH)GetStockObject(WHITE_BRUSH);
-    surface.lpszClassName = kSurfaceClass;
-    return RegisterClassExA(&frame) && RegisterClassExA(&surface);
+    return RegisterClassExA(&frame) != 0;
 }
 
 }  // namespace
 
 HWND CreateMainWindow(HINSTANCE instance, WORKBENCH* bench)
 {
-    if (!RegisterClasses(instance))
+    INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_WIN95_CLASSES};
+    InitCommonControlsEx(&controls);
+    if (!RegisterFrameClass(instance) || !RegisterSurfaceClass(instance))
         return NULL;
-    HWND frame = CreateWindowExA(0, kFrameClass, "DOVRIXC Workbench", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
-                                 CW_USEDEFAULT, 900, 640, NULL, BuildMenu(), instance, bench);
+    HWND frame = CreateWindowExA(0, kFrameClass, "DOVRIXC Workbench", WS_OVERLAPPEDWINDOW, 0, 0, 1100, 700, NULL,
+                                 BuildMenu(), instance, bench);
     if (frame) {
         SendMessageA(frame, WM_SIZE, 0, 0);
         NewDesign(bench);

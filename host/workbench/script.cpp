@@ -104,11 +104,27 @@ bool ParseScriptLine(const std::string& rawLine, SCRIPTCOMMAND* command, std::st
         command->verb = SCRIPT_DEVICE;
         return true;
     }
-    if (verb == "list") {
+    const struct {
+        const char* name;
+        SCRIPTVERB verb;
+    } objectVerbs[] = {{"list", SCRIPT_LIST}, {"tooltip", SCRIPT_TOOLTIP}, {"menu", SCRIPT_MENU},
+                       {"open", SCRIPT_OPEN}, {"delete", SCRIPT_DELETE}, {"select", SCRIPT_SELECT}};
+    for (const auto& objectVerb : objectVerbs) {
+        if (verb != objectVerb.name)
+            continue;
         if (rest.empty())
-            return Fail(error, "list needs an object");
-        command->verb = SCRIPT_LIST;
+            return Fail(error, verb + " needs an object");
+        command->verb = objectVerb.verb;
         command->object = rest;
+        return true;
+    }
+    if (verb == "shot") {
+        const size_t blank = rest.find_first_of(" \t");
+        if (blank == std::string::npos || Trimmed(rest.substr(blank)).empty())
+            return Fail(error, "shot needs TARGET FILE");
+        command->verb = SCRIPT_SHOT;
+        command->object = rest.substr(0, blank);
+        command->text = Trimmed(rest.substr(blank));
         return true;
     }
     if (verb == "tick") {

@@ -5,7 +5,14 @@
 //   save FILE               writes the design
 //   callback CODE           calls the plug-in's fnCallback
 //   trace                   prints the output window's lines
-//   screenshot FILE         writes the workbench window's client area as a PNG
+//   screenshot FILE         writes the workbench window as the screen shows it
+//   shot TARGET FILE        writes a picture of TARGET: "surface", "screen", an
+//                           object's canvas (its name) or "config:OBJ"
+//   tooltip OBJ             prints the tooltip of an object's canvas (and shows it)
+//   menu OBJ                prints the object's context menu, an item a line
+//   select OBJ              selects the object; the property list shows it
+//   open OBJ                opens the object's configuration window
+//   delete OBJ              deletes the object as the user would
 //   online OBJ on|off       switches a simulated console on or off
 //   fault OBJ N on|off      raises or clears fault word N (1..10) of a console
 //   device OBJ VAR=VALUE    sets a simulated variable ("FirmwareRevision5=1" of a
@@ -32,11 +39,17 @@ enum SCRIPTVERB {
     SCRIPT_LIST,
     SCRIPT_TICK,
     SCRIPT_ALARMS,
+    SCRIPT_SHOT,
+    SCRIPT_TOOLTIP,
+    SCRIPT_MENU,
+    SCRIPT_OPEN,
+    SCRIPT_DELETE,
+    SCRIPT_SELECT,
 };
 
 struct SCRIPTCOMMAND {
     SCRIPTVERB verb = SCRIPT_NOTHING;
-    std::string object;   // get, online, fault, device, list
+    std::string object;   // get, online, fault, device, list, tooltip, menu, open, delete; shot: the target
     std::string text;     // set: the whole design line; get: the keyword; save, screenshot: the
                           // file; device: the variable
     int code = 0;         // callback: the code; fault: the fault word; tick: milliseconds

@@ -42,29 +42,6 @@ void Tick(int milliseconds)
     }
 }
 
-HWND CreatePropertyList(HWND parent)
-{
-    HWND list = CreateWindowExA(0, WC_LISTVIEWA, "", WS_CHILD | LVS_REPORT | LVS_SINGLESEL, 0, 0, 300, 300, parent,
-                                NULL, GetModuleHandleA(NULL), NULL);
-    LVCOLUMNA column = {};
-    column.mask = LVCF_TEXT | LVCF_WIDTH;
-    column.cx = 180;
-    column.pszText = const_cast<char*>("Property");
-    SendMessageA(list, LVM_INSERTCOLUMNA, 0, (LPARAM)&column);
-    column.pszText = const_cast<char*>("Value");
-    SendMessageA(list, LVM_INSERTCOLUMNA, 1, (LPARAM)&column);
-    return list;
-}
-
-void ListCell(HWND list, int row, int column, char* text, int size)
-{
-    LVITEMA cell = {};
-    cell.iSubItem = column;
-    cell.pszText = text;
-    cell.cchTextMax = size;
-    SendMessageA(list, LVM_GETITEMTEXTA, (WPARAM)row, (LPARAM)&cell);
-}
-
 bool LoadPlugin(WORKBENCH* bench, const char* path)
 {
     bench->plugin = LoadLibraryA(path);
@@ -82,12 +59,43 @@ bool LoadPlugin(WORKBENCH* bench, const char* path)
 
 void NewDesign(WORKBENCH* bench)
 {
+    if (bench->properties)
+        ShowProperties(bench->properties, nullptr);
     if (bench->design)
         a_DestroyDesign(bench->design);
     if (bench->output)
         SetWindowTextA(bench->output, "");
     bench->design = a_CreateDesign(bench->surface, bench->output);
+    a_SetDesignMode(bench->design, bench->designMode ? 1 : 0);
     bench->designPath.clear();
+}
+
+HMENU BuildContextMenu(HOSTINFO* obj)
+{
+    HMENU menu = CreatePopupMenu();
+    AppendMenuA(menu, MF_STRING, kDeleteCommand, "Delete");
+    if (obj->m_hWnd)
+        SendMessageA(obj->m_hWnd, WM_HOST_CONTEXTMENU, 0, (LPARAM)menu);
+    return menu;
+}
+
+void RunContextCommand(WORKBENCH* bench, HOSTINFO* obj, UINT command)
+{
+    if (command == kDeleteCommand)
+        DeleteObject(bench, obj);
+    else if (command != 0 && obj->m_hWnd)
+        SendMessageA(obj->m_hWnd, WM_HOST_CONTEXTCOMMAND, 0, command);
+}
+
+void DeleteObject(WORKBENCH* bench, HOSTINFO* obj)
+{
+    if (a_GetSelection(bench->design) == obj) {
+        a_SetSelection(bench->design, nullptr);
+        if (bench->properties)
+            ShowProperties(bench->properties, nullptr);
+    }
+    if (obj->m_hWnd && IsWindow(obj->m_hWnd))
+        DestroyWindow(obj->m_hWnd);
 }
 
 bool OpenDesign(WORKBENCH* bench, const char* path)
@@ -176,8 +184,8 @@ bool PrintPropertyList(WORKBENCH* bench, const SCRIPTCOMMAND& command)
         fprintf(stderr, "workbench: no object %s\n", command.object.c_str());
         return false;
     }
-    HWND list = CreatePropertyList(bench->surface);
-    SendMessageA(obj->m_hWnd, WM_HOST_SAVETOLIST, 0, (LPARAM)list);
+    HWND list = CreatePropertyList(bench->surface, bench);
+    ShowProperties(list, obj);
     const int rows = (int)SendMessageA(list, LVM_GETITEMCOUNT, 0, 0);
     for (int row = 0; row < rows; row++) {
         char keyword[256] = "", value[4096] = "";
@@ -185,8 +193,148 @@ bool PrintPropertyList(WORKBENCH* bench, const SCRIPTCOMMAND& command)
         ListCell(list, row, 1, value, sizeof value);
         printf("%s=%s\n", keyword, value);
     }
-    DestroyWindow(list);
+    DestroyPropertyList(list);
     return true;
+}
+
+HOSTINFO* FindObject(const SCRIPTCOMMAND& command)
+{
+    HOSTINFO* obj = a_FindHostinfo(command.object.c_str());
+    if (!obj || !obj->m_hWnd)
+        fprintf(stderr, "workbench: no object %s\n", command.object.c_str());
+    return obj && obj->m_hWnd ? obj : nullptr;
+}
+
+bool PrintContextMenu(const SCRIPTCOMMAND& command)
+{
+    HOSTINFO* obj = FindObject(command);
+    if (!obj)
+        return false;
+    HMENU menu = BuildContextMenu(obj);
+    for (int item = 0; item < GetMenuItemCount(menu); item++) {
+        char text[256] = "";
+        if (GetMenuStringA(menu, (UINT)item, text, sizeof text, MF_BYPOSITION) == 0)
+            printf("-\n");
+        else
+            printf("%s\n", text);
+    }
+    DestroyMenu(menu);
+    return true;
+}
+
+struct TOOLTIPSEARCH {
+    HWND canvas;
+    wchar_t* text;
+    int size;
+    bool found;
+};
+
+// The ANSI form of TTM_GETTEXT gives at most 80 characters: ask in Unicode.
+BOOL CALLBACK AskTooltip(HWND window, LPARAM context)
+{
+    TOOLTIPSEARCH* search = reinterpret_cast<TOOLTIPSEARCH*>(context);
+    char className[32] = "";
+    GetClassNameA(window, className, sizeof className);
+    if (strcmp(className, TOOLTIPS_CLASSA) != 0)
+        return TRUE;
+    TTTOOLINFOW tool = {};
+    tool.cbSize = sizeof tool;
+    tool.hwnd = search->canvas;
+    tool.uId = (UINT_PTR)search->canvas;
+    tool.lpszText = search->text;
+    search->text[0] = L'\0';
+    SendMessageW(window, TTM_GETTEXTW, (WPARAM)search->size, (LPARAM)&tool);
+    search->found = search->text[0] != L'\0';
+    return !search->found;
+}
+
+// The text the shared tooltip holds for the canvas, one of its tools.
+bool TooltipText(HWND canvas, char* text, int size)
+{
+    static wchar_t wide[8192];
+    TOOLTIPSEARCH search = {canvas, wide, (int)(sizeof wide / sizeof wide[0]), false};
+    EnumThreadWindows(GetCurrentThreadId(), AskTooltip, (LPARAM)&search);
+    return search.found && WideCharToMultiByte(CP_ACP, 0, wide, -1, text, size, NULL, NULL) > 0;
+}
+
+struct TITLESEARCH {
+    const char* title;
+    HWND found;
+};
+
+BOOL CALLBACK MatchTitle(HWND window, LPARAM context)
+{
+    TITLESEARCH* search = reinterpret_cast<TITLESEARCH*>(context);
+    char title[HOSTNAME_SIZE + 32] = "";
+    GetWindowTextA(window, title, sizeof title);
+    if (strcmp(title, search->title) != 0)
+        return TRUE;
+    search->found = window;
+    return FALSE;
+}
+
+// A console's configuration window carries "NAME - Configuration" as its title.
+HWND FindConfigurationWindow(HOSTINFO* obj)
+{
+    char title[HOSTNAME_SIZE + 32];
+    FormatText(title, sizeof title, "%s - Configuration", obj->m_szName);
+    TITLESEARCH search = {title, NULL};
+    EnumThreadWindows(GetCurrentThreadId(), MatchTitle, (LPARAM)&search);
+    return search.found;
+}
+
+// Moves the cursor over the canvas, as a user would, so that the canvas
+// builds its tip and, when the window is on screen, the tip shows.
+bool ShowTooltip(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
+    HOSTINFO* obj = FindObject(command);
+    if (!obj)
+        return false;
+    RECT rect;
+    GetClientRect(obj->m_hWnd, &rect);
+    POINT centre = {rect.right / 2, rect.bottom / 2};
+    POINT screen = centre;
+    ClientToScreen(obj->m_hWnd, &screen);
+    SetCursorPos(screen.x, screen.y);
+    SendMessageA(obj->m_hWnd, WM_MOUSEMOVE, 0, MAKELPARAM(centre.x, centre.y));
+    static char text[8192];
+    if (!TooltipText(obj->m_hWnd, text, sizeof text)) {
+        fprintf(stderr, "workbench: %s has no tooltip\n", command.object.c_str());
+        return false;
+    }
+    printf("%s\n", text);
+    if (IsWindowVisible(bench->frame))
+        PumpMessagesFor(900);  // the tip's show delay
+    return true;
+}
+
+// A console's context menu command 1 is "Configuration".
+bool OpenConfiguration(const SCRIPTCOMMAND& command)
+{
+    HOSTINFO* obj = FindObject(command);
+    if (obj)
+        SendMessageA(obj->m_hWnd, WM_HOST_CONTEXTCOMMAND, 0, 1);
+    return obj != nullptr;
+}
+
+bool Picture(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
+    const std::string& target = command.object;
+    const char* path = command.text.c_str();
+    if (target == "screen")
+        return SaveScreenPicture(bench->frame, path);
+    if (target == "surface")
+        return SaveWindowPicture(bench->surface, path);
+    const bool configuration = target.rfind("config:", 0) == 0;
+    HOSTINFO* obj = a_FindHostinfo((configuration ? target.substr(7) : target).c_str());
+    HWND window = obj ? obj->m_hWnd : NULL;
+    if (window && configuration)
+        window = FindConfigurationWindow(obj);
+    if (!window) {
+        fprintf(stderr, "workbench: nothing to picture for %s\n", target.c_str());
+        return false;
+    }
+    return SaveWindowPicture(window, path);
 }
 
 bool PrintTrace(WORKBENCH* bench)
@@ -233,7 +381,33 @@ bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command)
         ok = PrintTrace(bench);
         break;
     case SCRIPT_SCREENSHOT:
-        ok = SaveScreenshot(GetAncestor(bench->surface, GA_ROOT), command.text.c_str());
+        ok = SaveScreenPicture(bench->frame, command.text.c_str());
+        break;
+    case SCRIPT_SHOT:
+        ok = Picture(bench, command);
+        break;
+    case SCRIPT_TOOLTIP:
+        ok = ShowTooltip(bench, command);
+        break;
+    case SCRIPT_MENU:
+        ok = PrintContextMenu(command);
+        break;
+    case SCRIPT_OPEN:
+        ok = OpenConfiguration(command);
+        break;
+    case SCRIPT_SELECT:
+        if (HOSTINFO* obj = FindObject(command)) {
+            a_SetSelection(bench->design, obj);
+            ShowProperties(bench->properties, obj);
+        } else {
+            ok = false;
+        }
+        break;
+    case SCRIPT_DELETE:
+        if (HOSTINFO* obj = FindObject(command))
+            DeleteObject(bench, obj);
+        else
+            ok = false;
         break;
     case SCRIPT_ONLINE:
         ok = Simulate(command, "online", command.value);

@@ -19,10 +19,19 @@ struct WORKBENCH {
     HMODULE plugin = NULL;
     PLUGINCALLBACK callback = nullptr;
     HOSTINFO* design = nullptr;
+    HWND frame = NULL;        // the workbench window
     HWND surface = NULL;      // parent of the objects' windows
+    HWND properties = NULL;   // the property list of the selected object
     HWND output = NULL;       // the output pane (an edit control)
+    bool designMode = true;   // objects hand their mouse input to the surface
     std::string designPath;   // the file the design was read from or saved to
 };
+
+// The surface tells the frame which object the user selected (lParam, or null).
+const UINT WM_BENCH_SELECTED = WM_APP + 200;
+
+// The host's own item of an object's context menu.
+const UINT kDeleteCommand = 1000;
 
 // Loads the plug-in DLL and finds its fnCallback. False with a message on stderr.
 bool LoadPlugin(WORKBENCH* bench, const char* path);
@@ -35,9 +44,25 @@ bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command);
 // Runs a script file; returns the number of lines that failed.
 int RunScript(WORKBENCH* bench, const char* path);
 
-// A report list view with the property list's two columns, and one of its cells.
-HWND CreatePropertyList(HWND parent);
+// The design surface (surface.cpp).
+extern const char kSurfaceClass[];
+bool RegisterSurfaceClass(HINSTANCE instance);
+HOSTINFO* ObjectOfWindow(HWND window);
+HOSTINFO* ObjectAt(HWND surface, POINT point);  // point in the surface's client coordinates
+
+// The property list (propertylist.cpp): a report list view with two columns.
+HWND CreatePropertyList(HWND parent, WORKBENCH* bench);
+void DestroyPropertyList(HWND list);
+void ShowProperties(HWND list, HOSTINFO* obj);  // null empties it
+void RefreshPropertyValues(HWND list);
+bool BeginPropertyEdit(HWND list, int row);
 void ListCell(HWND list, int row, int column, char* text, int size);
+
+// An object's context menu: the host's items and the object's own.
+HMENU BuildContextMenu(HOSTINFO* obj);
+void RunContextCommand(WORKBENCH* bench, HOSTINFO* obj, UINT command);
+// Destroys an object as the host does when the user deletes it.
+void DeleteObject(WORKBENCH* bench, HOSTINFO* obj);
 
 // Headless: message boxes are printed and answered with their default button.
 void AnswerMessageBoxes();
@@ -48,6 +73,8 @@ void AnswerMessageBoxes();
 void Tick(int milliseconds);
 void TickObjects();
 
-// Writes a window's client area with its children as a PNG (the window is
-// shown for it).
-bool SaveScreenshot(HWND window, const char* path);
+// Pictures as PNG files (capture.cpp): a window's client area drawn by the
+// window and its children themselves, or the screen under a top-level window.
+bool SaveWindowPicture(HWND window, const char* path);
+bool SaveScreenPicture(HWND window, const char* path);
+void PumpMessagesFor(DWORD milliseconds);

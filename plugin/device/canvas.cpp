@@ -5,10 +5,12 @@
 
 #include <vector>
 
+#include "canvastext.h"
 #include "consolekeywords.h"
 #include "consoleproperties.h"
 #include "handlers.h"
 #include "partner.h"
+#include "../config/configurationdialog.h"
 #include "../entry/fonts.h"
 #include "../entry/module.h"
 #include "../entry/projectversion.h"
@@ -35,20 +37,6 @@ const ARGB kFaultLedOff = 0xFF3C3C3C;
 CONSOLEPROPERTIES* PropertiesOf(HWND hwnd)
 {
     return reinterpret_cast<CONSOLEPROPERTIES*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
-}
-
-int FaceImageId(int model)
-{
-    if (model == MODEL_ELK_CSK || model == MODEL_ORN_CSK)
-        return SMALLCONSOLE_KEYPAD;
-    return model == MODEL_ORN_15CST ? SMALLCONSOLE_ORN : SMALLCONSOLE_ELK;
-}
-
-int ModelFromObjectName(const char* name)
-{
-    const char* underscore = strchr(name, '_');
-    const size_t length = underscore ? (size_t)(underscore - name) : strlen(name);
-    return length == 6 && strncmp(name, "ORNCST", 6) == 0 ? MODEL_ORN_15CST : MODEL_ELK_15CST;
 }
 
 HWND RootWindow(CONSOLEPROPERTIES* c)
@@ -82,7 +70,7 @@ LRESULT Canvas_Create(HWND hwnd, const CREATESTRUCTA* create)
     c->m_rect.left = create->x;
     c->m_rect.top = create->y;
     c->m_nHostField500 = 500;
-    TAVOBitmap face(SmallConsoleImage(FaceImageId(c->m_model)));
+    TAVOBitmap face(SmallConsoleImage(CanvasFaceImage(c->m_model)));
     const UINT width = face.m_pImage ? face.GetWidth() : 0;
     const UINT height = face.m_pImage ? face.GetHeight() : 0;
     if (width && height) {
@@ -165,7 +153,7 @@ void Canvas_Poll(HWND hwnd, CONSOLEPROPERTIES* c)
 // The face image is held as a flat GDI+ image, so it is drawn with the flat API.
 void DrawFace(HDC hdc, int model, const RECT& client)
 {
-    GpImage* face = SmallConsoleImage(FaceImageId(model));
+    GpImage* face = SmallConsoleImage(CanvasFaceImage(model));
     GpGraphics* graphics = nullptr;
     if (!face || DllExports::GdipCreateFromHDC(hdc, &graphics) != Ok)
         return;
@@ -173,10 +161,10 @@ void DrawFace(HDC hdc, int model, const RECT& client)
     DllExports::GdipDeleteGraphics(graphics);
 }
 
-void Canvas_Paint(HWND hwnd, CONSOLEPROPERTIES* c)
+// The face on any device context: the screen's, or one asked for with
+// WM_PRINTCLIENT (screenshots).
+void Canvas_Draw(HWND hwnd, CONSOLEPROPERTIES* c, HDC hdc)
 {
-    PAINTSTRUCT ps;
-    HDC hdc = BeginPaint(hwnd, &ps);
     RECT client;
     GetClientRect(hwnd, &client);
     {
@@ -204,6 +192,13 @@ void Canvas_Paint(HWND hwnd, CONSOLEPROPERTIES* c)
         graphics.FillEllipse(&led, (INT)client.right - 8, 3, 5, 5);
     }
     a_DrawSelection(c, hdc);
+}
+
+void Canvas_Paint(HWND hwnd, CONSOLEPROPERTIES* c)
+{
+    PAINTSTRUCT ps;
+    HDC hdc = BeginPaint(hwnd, &ps);
+    Canvas_Draw(hwnd, c, hdc);
     EndPaint(hwnd, &ps);
 }
 
@@ -212,18 +207,11 @@ void Canvas_UpdateTooltip(HWND hwnd, CONSOLEPROPERTIES* c)
     int keypads = 0;
     for (uint8_t slot : c->m_settings.extensionSlots)
         keypads += slot != 0;
-    char suffix[32] = "";
-    if (keypads && c->m_model == MODEL_ORN_15CST)
-        FormatText(suffix, sizeof suffix, ", %d ORN-20CSE", keypads);
-    else if (keypads && c->m_model == MODEL_ELK_15CST)
-        FormatText(suffix, sizeof suffix, ", %d ELK-20CSE", keypads);
-
     char windowText[65] = "";
     GetWindowTextA(hwnd, windowText, sizeof windowText);
     char text[4096 + 256];
-    FormatText(text, sizeof text, "Objectname: \t%s\nAddress: \t%d (0x%02x)\nType: \t\t%s%s\nName: \t\t%.*s", windowText,
-               c->m_settings.address, c->m_settings.address, ModelText(c->m_model), suffix, 4096,
-               c->m_szDisplayName);
+    FormatCanvasTooltip(text, sizeof text, windowText, c->m_settings.address, c->m_model, keypads,
+                        c->m_szDisplayName);
 
     TTTOOLINFOA tool = {};
     tool.cbSize = sizeof tool;
@@ -255,9 +243,25 @@ void Canvas_MouseMove(HWND hwnd, CONSOLEPROPERTIES* c, WPARAM wParam, LPARAM lPa
         Canvas_UpdateTooltip(hwnd, c);
 }
 
+// Fades the console's configuration window in, creating it at the cursor first.
 void Canvas_OpenConfiguration(CONSOLEPROPERTIES* c)
 {
-    Trace("%s: the configuration window is not implemented yet\n", c->m_szName);
+    const DWORD fadeIn = 400;
+    if (c->m_hConfiguration && IsWindow(c->m_hConfiguration)) {
+        AnimateWindow(c->m_hConfiguration, fadeIn, AW_BLEND);
+        ShowWindow(c->m_hConfiguration, SW_SHOW);
+        SetFocus(c->m_hConfiguration);
+        return;
+    }
+    POINT cursor;
+    GetCursorPos(&cursor);
+    c->m_hConfiguration = CreateConfigurationDialog(c, cursor);
+    if (!c->m_hConfiguration)
+        return;
+    AnimateWindow(c->m_hConfiguration, fadeIn, AW_BLEND);
+    SendMessageA(c->m_hConfiguration, WM_USER + 16, 0, c->IsOnline() ? 0 : 1);
+    InvalidateRect(c->m_hConfiguration, NULL, TRUE);
+    ShowWindow(c->m_hConfiguration, SW_SHOW);
 }
 
 // The names of the listed keywords that have a handler, null-ended.
@@ -320,6 +324,9 @@ LRESULT Canvas_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     case WM_PAINT:
         Canvas_Paint(hwnd, c);
+        return 0;
+    case WM_PRINTCLIENT:
+        Canvas_Draw(hwnd, c, (HDC)wParam);
         return 0;
     case WM_MOUSEMOVE:
         Canvas_MouseMove(hwnd, c, wParam, lParam);

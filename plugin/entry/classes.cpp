@@ -3,6 +3,7 @@
 #include "shadowfallback.h"
 #include "../device/canvas.h"
 #include "pendingwindow.h"
+#include "../config/configurationdialog.h"
 
 #include "analyze.h"
 #include "../../base/trace.h"
@@ -48,14 +49,14 @@ int RegisterShadowed(HINSTANCE instance, WINDOWFAMILY family, const char* name, 
 
 int RegisterZELConfigurationDialog(HINSTANCE instance)
 {
-    return RegisterShadowed(instance, FAMILY_CONFIGURATIONDIALOG, "DOVRIXZELCONFIGURATIONDIALOG", PendingWindowProc,
+    return RegisterShadowed(instance, FAMILY_CONFIGURATIONDIALOG, "DOVRIXZELCONFIGURATIONDIALOG", ConfigurationDialogWndProc,
                             "RegisterZELConfigurationDialog failed %d\n");
 }
 
 // The family-B extension keypad's counterpart of the configuration dialog.
 int RegisterElkCskConfigurationDialog(HINSTANCE instance)
 {
-    return RegisterShadowed(instance, FAMILY_KEYPADDIALOG, "DOVRIXELKCSKCONFIGURATIONDIALOG", PendingWindowProc,
+    return RegisterShadowed(instance, FAMILY_KEYPADDIALOG, "DOVRIXELKCSKCONFIGURATIONDIALOG", ConfigurationDialogWndProc,
                             "Register ELK-CSK - ConfigurationDialog failed %d\n");
 }
 

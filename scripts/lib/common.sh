@@ -60,6 +60,9 @@ wine_env() {
         in_xvfb bash -c '"$WINE" wineboot -i &&
             "$WINE" reg add "HKCU\Software\Wine\WineDbg" /v ShowCrashDialog /t REG_DWORD /d 0 /f &&
             "$WINE" reg add "HKCU\Software\Wine\X11 Driver" /v Managed /t REG_SZ /d N /f' >/dev/null 2>&1
+        # Wine's own fonts (Tahoma, Marlett for the caption buttons, MS Sans
+        # Serif) are found only in the prefix's Fonts folder here.
+        cp -n /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null
         touch "$WINEPREFIX/.dovrixc-ready"
     fi
 }

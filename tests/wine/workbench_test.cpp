@@ -109,7 +109,8 @@ TEST(Workbench, BrokenDesignLinesAreReportedWithTheirNumbers)
         "this line has no equals sign\r\n"
         "control=0 NOSUCHCLASS \"X_1\" 0x54000000 0,0,20x20\r\n"
         "control=0 DOVRIXC \"ORNCST_1\" 0x54000000 0,0,20x20\r\n"
-        "NOBODY_9*name=x\r\n");
+        "NOBODY_9*name=x\r\n"
+        "control=0 DOVRIXC \"ORNCST_2\" 0x54000000 0,0,20by20\r\n");
     const std::string script = WriteScript("trace\n");
     const RUN run = Workbench("\"" + design + "\" --script \"" + script + "\"");
     EXPECT_EQ(run.exitCode, 0u) << run.err;
@@ -117,6 +118,7 @@ TEST(Workbench, BrokenDesignLinesAreReportedWithTheirNumbers)
     EXPECT_NE(run.out.find("(3): Unknown window class NOSUCHCLASS"), std::string::npos) << run.out;
     EXPECT_NE(run.out.find("(4): Object exists already: ORNCST_1"), std::string::npos) << run.out;
     EXPECT_NE(run.out.find("(5): Unknown object NOBODY_9"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("(6): Malformed control line, bad rectangle"), std::string::npos) << run.out;
 }
 
 TEST(Workbench, ConsolesGoOnlineAndReportTheirFaults)
@@ -148,4 +150,34 @@ TEST(Workbench, ConsolesGoOnlineAndReportTheirFaults)
         << run.out;
     EXPECT_NE(run.err.find("no simulated online of NOBODY_1"), std::string::npos) << run.err;
     EXPECT_NE(run.err.find("(13): fault needs OBJECT N on|off"), std::string::npos) << run.err;
+}
+
+TEST(Workbench, PicturesTooltipsMenusAndDeletion)
+{
+    const std::string folder = TempFolder();
+    const std::string script = WriteScript(
+        "shot surface " + folder + "\\surface.png\n"
+        "shot ORNCST_1 " + folder + "\\canvas.png\n"
+        "tooltip ORNCST_4\n"
+        "menu ORNCST_1\n"
+        "open ORNCST_1\n"
+        "shot config:ORNCST_1 " + folder + "\\config.png\n"
+        "shot config:ORNCST_4 " + folder + "\\none.png\n"
+        "delete ORNCON_1\n"
+        "tick 1100\n"
+        "delete ORNCST_4\n"
+        "get ORNCST_4 name\n"
+        "trace\n");
+    const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
+    for (const char* picture : {"surface.png", "canvas.png", "config.png"})
+        EXPECT_EQ(ReadFileBytes(folder + "\\" + picture).substr(1, 3), "PNG") << picture;
+    EXPECT_NE(run.out.find("Objectname: \tORNCST_4\nAddress: \t4 (0x04)\nType: \t\tORN-15CST\nName: \t\tBack office\n"),
+              std::string::npos)
+        << run.out;
+    EXPECT_NE(run.out.find("Delete\n-\nConfiguration\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("ORNCON_1 was deleted; its consoles lost their connection: ORNCST_1, ORNCST_4\n"),
+              std::string::npos)
+        << run.out;
+    EXPECT_NE(run.err.find("nothing to picture for config:ORNCST_4"), std::string::npos) << run.err;
+    EXPECT_NE(run.err.find("no object ORNCST_4"), std::string::npos) << run.err;
 }

@@ -1,0 +1,138 @@
+// Pictures of windows for the scripted tour and for tests, written with the
+// GDI+ PNG encoder. A window and its children are asked to draw themselves
+// into a bitmap (WM_PRINTCLIENT), so hidden windows can be pictured too; what
+// only the screen shows (a tooltip) is copied from the screen.
+#include "workbench.h"
+
+#include <objidl.h>  // gdiplus.h needs PROPID
+#include <gdiplus.h>
+
+#include <vector>
+
+#include "../../base/banned.h"
+
+namespace {
+
+bool PngEncoder(CLSID* clsid)
+{
+    UINT count = 0, size = 0;
+    if (Gdiplus::GetImageEncodersSize(&count, &size) != Gdiplus::Ok || size == 0)
+        return false;
+    std::vector<BYTE> buffer(size);
+    Gdiplus::ImageCodecInfo* codecs = reinterpret_cast<Gdiplus::ImageCodecInfo*>(buffer.data());
+    if (Gdiplus::GetImageEncoders(count, size, codecs) != Gdiplus::Ok)
+        return false;
+    for (UINT i = 0; i < count; i++) {
+        if (wcscmp(codecs[i].MimeType, L"image/png") == 0) {
+            *clsid = codecs[i].Clsid;
+            return true;
+        }
+    }
+    return false;
+}
+
+bool SaveBitmap(HBITMAP bitmap, const char* path)
+{
+    CLSID png;
+    wchar_t widePath[MAX_PATH];
+    if (!PngEncoder(&png) || MultiByteToWideChar(CP_ACP, 0, path, -1, widePath, MAX_PATH) <= 0)
+        return false;
+    Gdiplus::Bitmap image(bitmap, NULL);
+    return image.Save(widePath, &png, NULL) == Gdiplus::Ok;
+}
+
+POINT ClientOrigin(HWND window)
+{
+    POINT origin = {0, 0};
+    ClientToScreen(window, &origin);
+    return origin;
+}
+
+// Draws the window's client area at origin, then its visible children on top,
+// the bottom of the z-order first.
+void PrintTree(HWND window, HDC hdc, POINT origin, const RECT& clip)
+{
+    const int saved = SaveDC(hdc);
+    IntersectClipRect(hdc, clip.left, clip.top, clip.right, clip.bottom);
+    SetViewportOrgEx(hdc, origin.x, origin.y, NULL);
+    SendMessageA(window, WM_PRINTCLIENT, (WPARAM)hdc, PRF_CLIENT | PRF_ERASEBKGND);
+    RestoreDC(hdc, saved);
+
+    const POINT windowOrigin = ClientOrigin(window);
+    HWND child = GetWindow(window, GW_CHILD);
+    for (child = child ? GetWindow(child, GW_HWNDLAST) : NULL; child; child = GetWindow(child, GW_HWNDPREV)) {
+        if (!(GetWindowLongA(child, GWL_STYLE) & WS_VISIBLE))
+            continue;
+        const POINT childOrigin = ClientOrigin(child);
+        RECT client;
+        GetClientRect(child, &client);
+        const POINT at = {origin.x + childOrigin.x - windowOrigin.x, origin.y + childOrigin.y - windowOrigin.y};
+        RECT childClip = {at.x, at.y, at.x + client.right, at.y + client.bottom};
+        IntersectRect(&childClip, &childClip, &clip);
+        if (!IsRectEmpty(&childClip))
+            PrintTree(child, hdc, at, childClip);
+    }
+}
+
+void PumpFor(DWORD milliseconds)
+{
+    const DWORD start = GetTickCount();
+    MSG msg;
+    do {
+        while (PeekMessageA(&msg, NULL, 0, 0, PM_REMOVE)) {
+            TranslateMessage(&msg);
+            DispatchMessageA(&msg);
+        }
+        Sleep(10);
+    } while (GetTickCount() - start < milliseconds);
+}
+
+}  // namespace
+
+bool SaveWindowPicture(HWND window, const char* path)
+{
+    RECT client;
+    GetClientRect(window, &client);
+    if (client.right <= 0 || client.bottom <= 0)
+        return false;
+    HDC screen = GetDC(NULL);
+    HDC memory = CreateCompatibleDC(screen);
+    HBITMAP bitmap = CreateCompatibleBitmap(screen, client.right, client.bottom);
+    ReleaseDC(NULL, screen);
+    HGDIOBJ old = SelectObject(memory, bitmap);
+    PatBlt(memory, 0, 0, client.right, client.bottom, WHITENESS);
+    PrintTree(window, memory, POINT{0, 0}, client);
+    SelectObject(memory, old);
+    DeleteDC(memory);
+    const bool saved = SaveBitmap(bitmap, path);
+    DeleteObject(bitmap);
+    return saved;
+}
+
+bool SaveScreenPicture(HWND window, const char* path)
+{
+    HWND top = GetAncestor(window, GA_ROOT);
+    if (!IsWindowVisible(top))
+        ShowWindow(top, SW_SHOWNOACTIVATE);
+    RedrawWindow(top, NULL, NULL, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    PumpFor(100);
+    RECT rect;
+    GetWindowRect(top, &rect);
+    const int width = rect.right - rect.left, height = rect.bottom - rect.top;
+    HDC screen = GetDC(NULL);
+    HDC memory = CreateCompatibleDC(screen);
+    HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
+    HGDIOBJ old = SelectObject(memory, bitmap);
+    BitBlt(memory, 0, 0, width, height, screen, rect.left, rect.top, SRCCOPY);
+    SelectObject(memory, old);
+    DeleteDC(memory);
+    ReleaseDC(NULL, screen);
+    const bool saved = SaveBitmap(bitmap, path);
+    DeleteObject(bitmap);
+    return saved;
+}
+
+void PumpMessagesFor(DWORD milliseconds)
+{
+    PumpFor(milliseconds);
+}

@@ -1,0 +1,108 @@
+#include "configurationdialog.h"
+
+#include "../device/consoleproperties.h"
+#include "../entry/module.h"
+
+#include "../../base/text.h"
+#include "../../base/trace.h"
+#include "../../base/banned.h"
+
+namespace {
+
+const int kWidth = 1008;
+const int kHeight = 900;
+const COLORREF kPageColour = RGB(0xD4, 0xD0, 0xC8);  // the widgets' background, 0xc8d0d4
+
+// What the window keeps until its pages are built.
+struct CONFIGURATIONSTATE {
+    CONSOLEPROPERTIES* console;
+    bool offline;
+};
+
+CONFIGURATIONSTATE* StateOf(HWND hwnd)
+{
+    return reinterpret_cast<CONFIGURATIONSTATE*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
+}
+
+LRESULT Configuration_Create(HWND hwnd, const CREATESTRUCTA* create)
+{
+    CONFIGURATIONSTATE* state = new CONFIGURATIONSTATE{static_cast<CONSOLEPROPERTIES*>(create->lpCreateParams), true};
+    SetWindowLongPtrA(hwnd, GWLP_USERDATA, (LONG_PTR)state);
+    Trace("%s: the configuration pages are not implemented yet\n", state->console ? state->console->m_szName : "");
+    return 0;
+}
+
+void Configuration_Draw(HWND hwnd, CONFIGURATIONSTATE* state, HDC hdc)
+{
+    RECT client;
+    GetClientRect(hwnd, &client);
+    HBRUSH page = CreateSolidBrush(kPageColour);
+    FillRect(hdc, &client, page);
+    DeleteObject(page);
+    SetBkMode(hdc, TRANSPARENT);
+    HGDIOBJ oldFont = SelectObject(hdc, GetStockObject(DEFAULT_GUI_FONT));
+    char text[256];
+    FormatText(text, sizeof text, "%s is %s.\nIts configuration pages are not implemented yet.",
+               state->console ? state->console->m_szName : "The console", state->offline ? "offline" : "online");
+    RECT box = client;
+    InflateRect(&box, -24, -24);
+    DrawTextA(hdc, text, -1, &box, DT_LEFT | DT_TOP | DT_NOPREFIX);
+    SelectObject(hdc, oldFont);
+}
+
+void Configuration_Paint(HWND hwnd, CONFIGURATIONSTATE* state)
+{
+    PAINTSTRUCT ps;
+    HDC hdc = BeginPaint(hwnd, &ps);
+    Configuration_Draw(hwnd, state, hdc);
+    EndPaint(hwnd, &ps);
+}
+
+void Configuration_Destroy(HWND hwnd, CONFIGURATIONSTATE* state)
+{
+    if (state->console && state->console->m_hConfiguration == hwnd)
+        state->console->m_hConfiguration = NULL;
+    SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
+    delete state;
+}
+
+}  // namespace
+
+HWND CreateConfigurationDialog(CONSOLEPROPERTIES* console, POINT at)
+{
+    char title[HOSTNAME_SIZE + 32];
+    FormatText(title, sizeof title, "%s - Configuration", console->m_szName);
+    const bool keypad = console->m_model == MODEL_ELK_CSK || console->m_model == MODEL_ORN_CSK;
+    HOSTINFO* root = a_FindRootHostinfo(console);
+    return CreateWindowExA(WS_EX_TOOLWINDOW, keypad ? "DOVRIXELKCSKCONFIGURATIONDIALOG" : "DOVRIXZELCONFIGURATIONDIALOG",
+                           title, WS_POPUP | WS_CAPTION | WS_SYSMENU, at.x, at.y, kWidth, kHeight,
+                           root ? GetAncestor(root->m_hWnd, GA_ROOT) : NULL, NULL, ModuleInstance(), console);
+}
+
+LRESULT CALLBACK ConfigurationDialogWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_CREATE)
+        return Configuration_Create(hwnd, reinterpret_cast<CREATESTRUCTA*>(lParam));
+    CONFIGURATIONSTATE* state = StateOf(hwnd);
+    if (!state)
+        return DefWindowProcA(hwnd, message, wParam, lParam);
+    switch (message) {
+    case WM_PAINT:
+        Configuration_Paint(hwnd, state);
+        return 0;
+    case WM_PRINTCLIENT:
+        Configuration_Draw(hwnd, state, (HDC)wParam);
+        return 0;
+    case WM_ERASEBKGND:
+        return 1;
+    case WM_USER + 16:  // the console went offline (lParam 1) or online (0)
+        state->offline = lParam != 0;
+        InvalidateRect(hwnd, NULL, FALSE);
+        return 0;
+    case WM_DESTROY:
+        Configuration_Destroy(hwnd, state);
+        return 0;
+    default:
+        return DefWindowProcA(hwnd, message, wParam, lParam);
+    }
+}
