@@ -118,6 +118,20 @@ bool ParseScriptLine(const std::string& rawLine, SCRIPTCOMMAND* command, std::st
         command->object = rest;
         return true;
     }
+    if (verb == "drag") {
+        std::string head, dx, dy;
+        if (!LastWord(rest, &head, &dy) || !LastWord(head, &command->object, &dx) ||
+            !ParseInt(dx.c_str(), &command->code) || !ParseInt(dy.c_str(), &command->value))
+            return Fail(error, "drag needs OBJECT DX DY");
+        command->verb = SCRIPT_DRAG;
+        return true;
+    }
+    if (verb == "design") {
+        if (!OnOff(rest, &command->value))
+            return Fail(error, "design needs on|off");
+        command->verb = SCRIPT_DESIGN;
+        return true;
+    }
     if (verb == "shot") {
         const size_t blank = rest.find_first_of(" \t");
         if (blank == std::string::npos || Trimmed(rest.substr(blank)).empty())

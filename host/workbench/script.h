@@ -11,6 +11,8 @@
 //   tooltip OBJ             prints the tooltip of an object's canvas (and shows it)
 //   menu OBJ                prints the object's context menu, an item a line
 //   select OBJ              selects the object; the property list shows it
+//   drag OBJ DX DY          drags the object by DX, DY with the mouse
+//   design on|off           edits the design (objects hand the mouse to the surface) or runs it
 //   open OBJ                opens the object's configuration window
 //   delete OBJ              deletes the object as the user would
 //   online OBJ on|off       switches a simulated console on or off
@@ -45,6 +47,8 @@ enum SCRIPTVERB {
     SCRIPT_OPEN,
     SCRIPT_DELETE,
     SCRIPT_SELECT,
+    SCRIPT_DRAG,
+    SCRIPT_DESIGN,
 };
 
 struct SCRIPTCOMMAND {
@@ -52,8 +56,8 @@ struct SCRIPTCOMMAND {
     std::string object;   // get, online, fault, device, list, tooltip, menu, open, delete; shot: the target
     std::string text;     // set: the whole design line; get: the keyword; save, screenshot: the
                           // file; device: the variable
-    int code = 0;         // callback: the code; fault: the fault word; tick: milliseconds
-    int value = 0;        // online, fault: 1 or 0; device: the value
+    int code = 0;         // callback: the code; fault: the fault word; tick: milliseconds; drag: DX
+    int value = 0;        // online, fault, design: 1 or 0; device: the value; drag: DY
 };
 
 // Parses one line; false with a message in error when it is malformed.

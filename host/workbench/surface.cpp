@@ -59,7 +59,7 @@ void Surface_ButtonDown(HWND hwnd, SURFACE* surface, LPARAM lParam)
 void Surface_Drag(HWND hwnd, SURFACE* surface, LPARAM lParam)
 {
     HOSTINFO* obj = surface->dragged;
-    if (!obj || GetCapture() != hwnd)
+    if (!obj)
         return;
     const int x = GET_X_LPARAM(lParam) - surface->grab.x;
     const int y = GET_Y_LPARAM(lParam) - surface->grab.y;
@@ -73,7 +73,8 @@ void Surface_Drag(HWND hwnd, SURFACE* surface, LPARAM lParam)
 void Surface_ButtonUp(SURFACE* surface)
 {
     surface->dragged = nullptr;
-    ReleaseCapture();
+    if (GetCapture())
+        ReleaseCapture();
 }
 
 void Surface_ContextMenu(HWND hwnd, SURFACE* surface, LPARAM lParam)
@@ -108,9 +109,11 @@ LRESULT CALLBACK SurfaceWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM l
         Surface_Drag(hwnd, surface, lParam);
         return 0;
     case WM_LBUTTONUP:
-    case WM_CAPTURECHANGED:
         if (surface->dragged)
             Surface_ButtonUp(surface);
+        return 0;
+    case WM_CAPTURECHANGED:
+        surface->dragged = (HWND)lParam == hwnd ? surface->dragged : nullptr;
         return 0;
     case WM_RBUTTONDOWN:
         Surface_ContextMenu(hwnd, surface, lParam);
@@ -158,7 +161,7 @@ HOSTINFO* ObjectAt(HWND surface, POINT point)
         RECT rect;
         GetWindowRect(child, &rect);
         MapWindowPoints(NULL, surface, reinterpret_cast<POINT*>(&rect), 2);
-        if (IsWindowVisible(child) && PtInRect(&rect, point))
+        if ((GetWindowLongA(child, GWL_STYLE) & WS_VISIBLE) && PtInRect(&rect, point))
             if (HOSTINFO* obj = ObjectOfWindow(child))
                 return obj;
     }

@@ -308,6 +308,32 @@ bool ShowTooltip(WORKBENCH* bench, const SCRIPTCOMMAND& command)
     return true;
 }
 
+// Presses the left button on the object, moves the mouse by dx, dy and lets
+// go, delivering what a user's hand would: canvases pass the press on to the
+// surface themselves, other objects are transparent to the mouse.
+bool Drag(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
+    HOSTINFO* obj = FindObject(command);
+    if (!obj)
+        return false;
+    RECT rect;
+    GetClientRect(obj->m_hWnd, &rect);
+    POINT press = {rect.right / 2, rect.bottom / 2};
+    char className[32] = "";
+    GetClassNameA(obj->m_hWnd, className, sizeof className);
+    POINT onSurface = press;
+    MapWindowPoints(obj->m_hWnd, bench->surface, &onSurface, 1);
+    if (strcmp(className, "DOVRIXC") == 0)
+        SendMessageA(obj->m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(press.x, press.y));
+    else
+        SendMessageA(bench->surface, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(onSurface.x, onSurface.y));
+    PumpMessagesFor(20);  // the canvas posts the press
+    const LPARAM to = MAKELPARAM(onSurface.x + command.code, onSurface.y + command.value);
+    SendMessageA(bench->surface, WM_MOUSEMOVE, MK_LBUTTON, to);
+    SendMessageA(bench->surface, WM_LBUTTONUP, 0, to);
+    return true;
+}
+
 // A console's context menu command 1 is "Configuration".
 bool OpenConfiguration(const SCRIPTCOMMAND& command)
 {
@@ -402,6 +428,13 @@ bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command)
         } else {
             ok = false;
         }
+        break;
+    case SCRIPT_DRAG:
+        ok = Drag(bench, command);
+        break;
+    case SCRIPT_DESIGN:
+        bench->designMode = command.value != 0;
+        a_SetDesignMode(bench->design, command.value ? 1 : 0);
         break;
     case SCRIPT_DELETE:
         if (HOSTINFO* obj = FindObject(command))

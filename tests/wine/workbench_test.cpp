@@ -181,3 +181,19 @@ TEST(Workbench, PicturesTooltipsMenusAndDeletion)
     EXPECT_NE(run.err.find("nothing to picture for config:ORNCST_4"), std::string::npos) << run.err;
     EXPECT_NE(run.err.find("no object ORNCST_4"), std::string::npos) << run.err;
 }
+
+TEST(Workbench, ObjectsMoveOnlyWhileTheDesignIsEdited)
+{
+    const std::string saved = TempFolder() + "\\moved.ds";
+    const std::string script = WriteScript("drag ORNCST_1 30 20\n"
+                                           "drag ORNCON_1 5 5\n"
+                                           "design off\n"
+                                           "drag ELKCST_2 50 50\n"
+                                           "save " + saved + "\n");
+    const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
+    EXPECT_EQ(run.exitCode, 0u) << run.err;
+    const std::string design = ReadFileBytes(saved);
+    EXPECT_NE(design.find("control=0x00000000 DOVRIXC \"ORNCST_1\" 0x56000000 70,60,48x56\r\n"), std::string::npos);
+    EXPECT_NE(design.find("control=0x00000000 ORNCON \"ORNCON_1\" 0x54000000 45,155,150x40\r\n"), std::string::npos);
+    EXPECT_NE(design.find("control=0x00000000 DOVRIXC \"ELKCST_2\" 0x56000000 240,40,48x56\r\n"), std::string::npos);
+}
