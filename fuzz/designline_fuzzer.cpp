@@ -1,4 +1,4 @@
-// Feeds arbitrary bytes to the design-file line parsers. Besides not crashing,
+// Feeds arbitrary bytes to the design-file line and widget attribute parsers. Besides not crashing,
 // a control line that parses must format back into a line that parses to the
 // same fields, and the bounded line halves must never overrun.
 #include <stdint.h>
@@ -8,6 +8,7 @@
 #include <string>
 
 #include "../host/analyze/designtext.h"
+#include "../host/analyze/widgetattributes.h"
 #include "../host/workbench/script.h"
 #include "../plugin/device/designlines.h"
 #include "../base/text.h"
@@ -70,5 +71,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     SCRIPTCOMMAND command;
     std::string error;
     ParseScriptLine(text, &command, &error);
+
+    // A refused attribute leaves the widget as it was.
+    WIDGETATTRIBUTES attributes;
+    const WIDGETATTRIBUTES before = attributes;
+    if (!ApplyWidgetAttribute(text, &attributes, &error) &&
+        (attributes.function != before.function || attributes.textColour != before.textColour))
+        abort();
     return 0;
 }

@@ -90,14 +90,6 @@ void Controller_Paint(HWND hwnd, CONTROLLER* c)
     EndPaint(hwnd, &ps);
 }
 
-HINSTANCE AnalyzeInstance()
-{
-    HMODULE module = NULL;
-    GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<LPCSTR>(&RegisterControllerClasses), &module);
-    return module;
-}
-
 LRESULT CALLBACK ControllerWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_CREATE)

@@ -39,6 +39,9 @@ public:
 // "Matrix.AddAlarmID": where alarm keys announce themselves.
 extern const char kAddAlarmId[];
 
+// The module handle of Analyze.dll, for its window classes.
+HINSTANCE AnalyzeInstance();
+
 // The open design whose root is root, or null.
 DESIGN* FindDesign(HOSTINFO* root);
 // The open design obj belongs to, or null.

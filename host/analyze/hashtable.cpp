@@ -102,3 +102,14 @@ void CHashTable::RemoveAll()
     }
     m_count = 0;
 }
+
+BOOL CHashTable::Enumerate(VISITOR visit, void* context) const
+{
+    if (!m_buckets || !visit)
+        return FALSE;
+    for (int i = 0; i < m_bucketCount; i++)
+        for (ENTRY* entry = m_buckets[i]; entry; entry = entry->next)
+            if (!visit(entry->key, entry->value, context))
+                return FALSE;
+    return TRUE;
+}

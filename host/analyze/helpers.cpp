@@ -1,6 +1,9 @@
 // Small exported helpers: line halves, rectangle strings, paths, host objects.
 #include "designtext.h"
-#include "analyze.h"
+#include "design.h"
+
+#include <map>
+#include <string>
 
 #include "../../base/text.h"
 #include "../../base/banned.h"
@@ -70,14 +73,46 @@ LPSTR a_MakeFullTempPathName(LPCSTR name, LPSTR path, int size)
     return path;
 }
 
+HINSTANCE AnalyzeInstance()
+{
+    HMODULE module = NULL;
+    GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<LPCSTR>(&AnalyzeInstance), &module);
+    return module;
+}
+
 HGDIOBJ a_GetObject(int id)
 {
     // The host's shared GDI objects live as long as the process.
-    static HBRUSH background = CreateSolidBrush(RGB(0xF0, 0xF0, 0xF0));
+    static HBRUSH field = CreateSolidBrush(RGB(0xFF, 0xFF, 0xCE));
+    static HBRUSH face = CreateSolidBrush(RGB(0xD4, 0xD0, 0xC8));
     switch (id) {
     case HOSTOBJECT_BACKGROUNDBRUSH:
-        return background;
+        return field;
+    case HOSTOBJECT_FACEBRUSH:
+        return face;
     default:
         return NULL;
     }
+}
+
+HFONT a_GetFont(LPCSTR spec)
+{
+    static std::map<std::string, HFONT> fonts;  // kept for the process's lifetime
+    const std::string key = spec ? spec : "";
+    auto found = fonts.find(key);
+    if (found != fonts.end())
+        return found->second;
+    const size_t comma = key.rfind(',');
+    int points = 0;
+    if (comma == std::string::npos || !ParseInt(key.c_str() + comma + 1, &points) || points <= 0)
+        return (HFONT)GetStockObject(DEFAULT_GUI_FONT);
+    HDC screen = GetDC(NULL);
+    const int height = -MulDiv(points, GetDeviceCaps(screen, LOGPIXELSY), 72);
+    ReleaseDC(NULL, screen);
+    const std::string face = key.substr(0, comma);
+    HFONT font = CreateFontA(height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+                             CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH | FF_SWISS, face.c_str());
+    fonts[key] = font;
+    return font;
 }

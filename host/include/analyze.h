@@ -100,6 +100,9 @@ public:
     BOOL Remove(LPCSTR key);
     int GetCount() const { return m_count; }
     void RemoveAll();
+    // Calls visit for every entry until it answers FALSE.
+    typedef BOOL (*VISITOR)(LPCSTR key, void* value, void* context);
+    BOOL Enumerate(VISITOR visit, void* context) const;
 
 private:
     CHashTable(const CHashTable&);
@@ -355,8 +358,35 @@ ANALYZE_API void* a_Calloc(size_t count, size_t size);
 
 // ---- Resources of the host ------------------------------------------------
 
-enum { HOSTOBJECT_BACKGROUNDBRUSH = 1 };
+// 1: the brush of input fields (#FFFFCE), 2: the brush of faces and dialogs (#D4D0C8).
+enum { HOSTOBJECT_BACKGROUNDBRUSH = 1, HOSTOBJECT_FACEBRUSH = 2 };
 ANALYZE_API HGDIOBJ a_GetObject(int id);
+// A font by "face,points" ("ms sans serif,8"); the host keeps it.
+ANALYZE_API HFONT a_GetFont(LPCSTR spec);
+
+// ---- Widgets --------------------------------------------------------------
+
+// Creates a host widget from a control line
+//   EXSTYLE CLASS "NAME" STYLE X,Y,WxH      (EXSTYLE "0" or "0x%08x")
+// with CLASS one of BSTATIC, BEDIT, BTRISTATEBUTTON, BBUTTON, LED, as a child
+// of parent; the widget's properties object is in the window's user data and
+// takes attribute strings "keyword=value" through its OnLoad(0, text):
+//   function=VARIABLE  fmt=TEXT  caption=TEXT  bitmap=.\PATH.bmp
+//   textcolor=COLOUR  textcolorwhenpressed=COLOUR  backgroundcolor=COLOUR
+//   alignment=left  datatype=s|string  font=FACE,POINTS  interval=MS
+//   click=VARIABLE=VALUE  value=N  connection=OBJECT
+// (COLOUR "0" or "0x" and up to eight hex digits, 0x00BBGGRR). A face bitmap
+// holds its looks side by side: a toggle's off, on and unknown, a button's up
+// and down, an LED's off and on. A bound widget reads its variable through
+// the connected object's OnMessage (text) every "interval" ms (500 unless
+// set); a toggle, an edit field and a button's click write it. The widget
+// is entered in owner's child table (m_pChildTable) under its name. Mode 1
+// is the only mode. Returns null, with a trace, for a line it refuses.
+ANALYZE_API HWND a_CreateControl(int mode, HOSTINFO* owner, HWND parent, char* line);
+// The widget of owner named so, or null.
+ANALYZE_API HWND a_FindHwnd(HOSTINFO* owner, LPCSTR name);
+// What a widget shows: its value, text or caption.
+ANALYZE_API BOOL a_GetControlText(HWND widget, LPSTR text, int size);
 
 // ---- Time -----------------------------------------------------------------
 

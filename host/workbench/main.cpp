@@ -94,7 +94,8 @@ int Run(const OPTIONS& options)
         failures++;
     if (!options.headless)
         RunMainWindow(frame);
-    else
+    CloseWidgetPages(&bench);
+    if (IsWindow(frame))
         DestroyWindow(frame);
     a_DestroyDesign(bench.design);
     return failures ? 1 : 0;

@@ -108,7 +108,8 @@ bool ParseScriptLine(const std::string& rawLine, SCRIPTCOMMAND* command, std::st
         const char* name;
         SCRIPTVERB verb;
     } objectVerbs[] = {{"list", SCRIPT_LIST}, {"tooltip", SCRIPT_TOOLTIP}, {"menu", SCRIPT_MENU},
-                       {"open", SCRIPT_OPEN}, {"delete", SCRIPT_DELETE}, {"select", SCRIPT_SELECT}};
+                       {"open", SCRIPT_OPEN}, {"delete", SCRIPT_DELETE}, {"select", SCRIPT_SELECT},
+                       {"widgets", SCRIPT_WIDGETS}};
     for (const auto& objectVerb : objectVerbs) {
         if (verb != objectVerb.name)
             continue;
@@ -116,6 +117,12 @@ bool ParseScriptLine(const std::string& rawLine, SCRIPTCOMMAND* command, std::st
             return Fail(error, verb + " needs an object");
         command->verb = objectVerb.verb;
         command->object = rest;
+        return true;
+    }
+    if (verb == "click" || verb == "read") {
+        if (!LastWord(rest, &command->object, &command->text))
+            return Fail(error, verb + " needs OBJECT WIDGET");
+        command->verb = verb == "click" ? SCRIPT_CLICK : SCRIPT_READ;
         return true;
     }
     if (verb == "drag") {

@@ -13,6 +13,9 @@
 //   select OBJ              selects the object; the property list shows it
 //   drag OBJ DX DY          drags the object by DX, DY with the mouse
 //   design on|off           edits the design (objects hand the mouse to the surface) or runs it
+//   widgets OBJ             builds a page of every widget kind bound to OBJ ("shot page:OBJ")
+//   click OBJ WIDGET        clicks a widget of OBJ's page
+//   read OBJ WIDGET         prints WIDGET=TEXT, what the widget shows
 //   open OBJ                opens the object's configuration window
 //   delete OBJ              deletes the object as the user would
 //   online OBJ on|off       switches a simulated console on or off
@@ -49,6 +52,9 @@ enum SCRIPTVERB {
     SCRIPT_SELECT,
     SCRIPT_DRAG,
     SCRIPT_DESIGN,
+    SCRIPT_WIDGETS,
+    SCRIPT_CLICK,
+    SCRIPT_READ,
 };
 
 struct SCRIPTCOMMAND {

@@ -59,6 +59,7 @@ bool LoadPlugin(WORKBENCH* bench, const char* path)
 
 void NewDesign(WORKBENCH* bench)
 {
+    CloseWidgetPages(bench);
     if (bench->properties)
         ShowProperties(bench->properties, nullptr);
     if (bench->design)
@@ -334,6 +335,41 @@ bool Drag(WORKBENCH* bench, const SCRIPTCOMMAND& command)
     return true;
 }
 
+// The widget of the object's page, building the page when there is none yet.
+HWND PageWidget(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
+    WIDGETPAGE* page = OpenWidgetPage(bench, command.object);
+    HWND widget = page ? a_FindHwnd(&page->owner, command.text.c_str()) : NULL;
+    if (!widget)
+        fprintf(stderr, "workbench: no widget %s of %s\n", command.text.c_str(), command.object.c_str());
+    return widget;
+}
+
+bool ClickWidget(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
+    HWND widget = PageWidget(bench, command);
+    if (!widget)
+        return false;
+    RECT client;
+    GetClientRect(widget, &client);
+    const LPARAM centre = MAKELPARAM(client.right / 2, client.bottom / 2);
+    SendMessageA(widget, WM_LBUTTONDOWN, MK_LBUTTON, centre);
+    SendMessageA(widget, WM_LBUTTONUP, 0, centre);
+    return true;
+}
+
+bool ReadWidget(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
+    HWND widget = PageWidget(bench, command);
+    if (!widget)
+        return false;
+    SendMessageA(widget, WM_TIMER, 1, 0);  // its refresh, now
+    char text[REQUEST_TEXT_SIZE] = "";
+    a_GetControlText(widget, text, sizeof text);
+    printf("%s=%s\n", command.text.c_str(), text);
+    return true;
+}
+
 // A console's context menu command 1 is "Configuration".
 bool OpenConfiguration(const SCRIPTCOMMAND& command)
 {
@@ -351,6 +387,10 @@ bool Picture(WORKBENCH* bench, const SCRIPTCOMMAND& command)
         return SaveScreenPicture(bench->frame, path);
     if (target == "surface")
         return SaveWindowPicture(bench->surface, path);
+    if (target.rfind("page:", 0) == 0) {
+        WIDGETPAGE* page = OpenWidgetPage(bench, target.substr(5));
+        return page && SaveWindowPicture(page->window, path);
+    }
     const bool configuration = target.rfind("config:", 0) == 0;
     HOSTINFO* obj = a_FindHostinfo((configuration ? target.substr(7) : target).c_str());
     HWND window = obj ? obj->m_hWnd : NULL;
@@ -435,6 +475,18 @@ bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command)
     case SCRIPT_DESIGN:
         bench->designMode = command.value != 0;
         a_SetDesignMode(bench->design, command.value ? 1 : 0);
+        break;
+    case SCRIPT_WIDGETS:
+        if (!OpenWidgetPage(bench, command.object)) {
+            fprintf(stderr, "workbench: no object %s\n", command.object.c_str());
+            ok = false;
+        }
+        break;
+    case SCRIPT_CLICK:
+        ok = ClickWidget(bench, command);
+        break;
+    case SCRIPT_READ:
+        ok = ReadWidget(bench, command);
         break;
     case SCRIPT_DELETE:
         if (HOSTINFO* obj = FindObject(command))

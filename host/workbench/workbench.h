@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+#include <map>
+#include <memory>
 #include <string>
 
 #include "analyze.h"
@@ -14,6 +16,12 @@
 const UINT_PTR kDevicePollTimer = 111;
 
 typedef INT_PTR (*PLUGINCALLBACK)(int code, HOSTINFO* host, LPARAM param);
+
+// A page of widgets bound to one object (widgetpage.cpp).
+struct WIDGETPAGE {
+    HOSTINFO owner;     // the page's properties object: its child table holds the widgets
+    HWND window = NULL;
+};
 
 struct WORKBENCH {
     HMODULE plugin = NULL;
@@ -25,7 +33,12 @@ struct WORKBENCH {
     HWND output = NULL;       // the output pane (an edit control)
     bool designMode = true;   // objects hand their mouse input to the surface
     std::string designPath;   // the file the design was read from or saved to
+    std::map<std::string, std::unique_ptr<WIDGETPAGE>> pages;  // by object name
 };
+
+// Builds (once) and returns the widget page of an object; null without one.
+WIDGETPAGE* OpenWidgetPage(WORKBENCH* bench, const std::string& object);
+void CloseWidgetPages(WORKBENCH* bench);
 
 // The surface tells the frame which object the user selected (lParam, or null).
 const UINT WM_BENCH_SELECTED = WM_APP + 200;

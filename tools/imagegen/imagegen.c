@@ -1,9 +1,10 @@
-/* Draws the plug-in's bitmaps with Cairo and writes them as PNG files into
- * the folder given on the command line (plugin/resources/images). The output
- * is committed; run `tools/imagegen/build-and-run` after changing a drawing. */
+/* Draws the plug-in's images (PNG, plugin/resources/images) and the host
+ * widgets' face bitmaps (BMP, host/bitmaps) with Cairo. The output is
+ * committed; run `tools/imagegen/build-and-run` after changing a drawing. */
 #include <cairo.h>
 #include <math.h>
 #include <stdio.h>
+#include <string.h>
 
 typedef struct {
     double r, g, b;
@@ -76,12 +77,138 @@ static int SmallConsole(const char* folder, int id, RGB accent, int keypad)
     return 0;
 }
 
+/* Writes the surface as a 24-bit Windows bitmap (the host's widgets load
+ * their faces with LoadImage, which takes BMP files). */
+static int WriteBmp(cairo_surface_t* surface, const char* path)
+{
+    cairo_surface_flush(surface);
+    const int width = cairo_image_surface_get_width(surface);
+    const int height = cairo_image_surface_get_height(surface);
+    const int stride = cairo_image_surface_get_stride(surface);
+    const unsigned char* data = cairo_image_surface_get_data(surface);
+    const int rowSize = (width * 3 + 3) & ~3;
+    const unsigned int imageSize = (unsigned int)(rowSize * height);
+    unsigned char header[54] = {'B', 'M'};
+    const unsigned int fileSize = 54 + imageSize;
+    const unsigned int fields[] = {fileSize, 0, 54, 40, (unsigned int)width, (unsigned int)height};
+    for (int i = 0; i < 6; i++)
+        for (int b = 0; b < 4; b++)
+            header[2 + i * 4 + b] = (unsigned char)(fields[i] >> (8 * b));
+    header[26] = 1;   /* planes */
+    header[28] = 24;  /* bits per pixel */
+    for (int b = 0; b < 4; b++)
+        header[34 + b] = (unsigned char)(imageSize >> (8 * b));
+    FILE* file = fopen(path, "wb");
+    if (!file)
+        return 1;
+    fwrite(header, 1, sizeof header, file);
+    unsigned char row[4096];
+    for (int y = height - 1; y >= 0; y--) {  /* bottom-up */
+        memset(row, 0, sizeof row);
+        for (int x = 0; x < width; x++) {
+            const unsigned int pixel = *(const unsigned int*)(data + y * stride + x * 4);  /* premultiplied ARGB, opaque */
+            row[x * 3 + 0] = (unsigned char)(pixel & 0xFF);
+            row[x * 3 + 1] = (unsigned char)((pixel >> 8) & 0xFF);
+            row[x * 3 + 2] = (unsigned char)((pixel >> 16) & 0xFF);
+        }
+        fwrite(row, 1, (size_t)rowSize, file);
+    }
+    fclose(file);
+    printf("%s\n", path);
+    return 0;
+}
+
+static void Bevel(cairo_t* cr, double x, double y, double w, double h, int sunken)
+{
+    cairo_set_line_width(cr, 1);
+    cairo_set_source_rgb(cr, sunken ? 0.44 : 0.95, sunken ? 0.44 : 0.94, sunken ? 0.39 : 0.89);
+    cairo_move_to(cr, x + 0.5, y + h - 0.5);
+    cairo_line_to(cr, x + 0.5, y + 0.5);
+    cairo_line_to(cr, x + w - 0.5, y + 0.5);
+    cairo_stroke(cr);
+    cairo_set_source_rgb(cr, sunken ? 0.95 : 0.44, sunken ? 0.94 : 0.44, sunken ? 0.89 : 0.39);
+    cairo_move_to(cr, x + w - 0.5, y + 0.5);
+    cairo_line_to(cr, x + w - 0.5, y + h - 0.5);
+    cairo_line_to(cr, x + 0.5, y + h - 0.5);
+    cairo_stroke(cr);
+}
+
+/* A face strip: `frames` looks side by side, each w x h. Toggles: off, on,
+ * unknown; buttons: up, down; LEDs: off, on. */
+static int FaceStrip(const char* path, int w, int h, int frames, RGB face, RGB lamps[3], int lampStyle)
+{
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, w * frames, h);
+    cairo_t* cr = cairo_create(surface);
+    for (int f = 0; f < frames; f++) {
+        const double x = f * w;
+        if (lampStyle == 2) { /* an LED: a lit or dark round lamp on the page grey */
+            cairo_rectangle(cr, x, 0, w, h);
+            cairo_set_source_rgb(cr, 0.83, 0.82, 0.78);
+            cairo_fill(cr);
+            cairo_arc(cr, x + w / 2.0, h / 2.0, w / 2.0 - 1, 0, 2 * M_PI);
+            cairo_set_source_rgb(cr, lamps[f].r, lamps[f].g, lamps[f].b);
+            cairo_fill_preserve(cr);
+            cairo_set_source_rgb(cr, 0.3, 0.3, 0.3);
+            cairo_set_line_width(cr, 1);
+            cairo_stroke(cr);
+            continue;
+        }
+        cairo_rectangle(cr, x, 0, w, h);
+        cairo_set_source_rgb(cr, face.r, face.g, face.b);
+        cairo_fill(cr);
+        const int pressed = lampStyle == 1 && f == 1;
+        Bevel(cr, x, 0, w, h, pressed);
+        if (lampStyle == 0) { /* a toggle: a lamp square at the left */
+            const double size = h - 6;
+            cairo_rectangle(cr, x + 3, 3, size, size);
+            cairo_set_source_rgb(cr, lamps[f].r, lamps[f].g, lamps[f].b);
+            cairo_fill_preserve(cr);
+            cairo_set_source_rgb(cr, 0.3, 0.3, 0.3);
+            cairo_set_line_width(cr, 1);
+            cairo_stroke(cr);
+        }
+    }
+    const int failed = WriteBmp(surface, path);
+    cairo_destroy(cr);
+    cairo_surface_destroy(surface);
+    return failed;
+}
+
+static int WidgetBitmaps(const char* root)
+{
+    char path[512];
+    const RGB grey = {0.83, 0.82, 0.78}, pale = {0.90, 0.89, 0.86}, blue = {0.74, 0.82, 0.93};
+    RGB lamps[3] = {{0.35, 0.35, 0.35}, {0.20, 0.80, 0.25}, {0.85, 0.65, 0.20}};
+    RGB dim[3] = {{0.70, 0.70, 0.68}, {0.70, 0.70, 0.68}, {0.70, 0.70, 0.68}};
+    RGB led[3] = {{0.40, 0.40, 0.40}, {0.25, 0.90, 0.30}, {0.40, 0.40, 0.40}};
+    int failures = 0;
+    snprintf(path, sizeof path, "%s/Controls/_ZELButton.bmp", root);
+    failures += FaceStrip(path, 90, 16, 3, grey, lamps, 0);
+    snprintf(path, sizeof path, "%s/Controls/_ZELButtonDisabled.bmp", root);
+    failures += FaceStrip(path, 90, 16, 3, pale, dim, 0);
+    snprintf(path, sizeof path, "%s/Controls/_ZELButtonFIND.bmp", root);
+    failures += FaceStrip(path, 90, 16, 3, blue, lamps, 0);
+    snprintf(path, sizeof path, "%s/Controls/radiobutton_am_39x13.bmp", root);
+    failures += FaceStrip(path, 39, 13, 3, grey, lamps, 0);
+    snprintf(path, sizeof path, "%s/Controls/SWITCHBUTTON_118_22.bmp", root);
+    failures += FaceStrip(path, 118, 22, 3, grey, lamps, 0);
+    snprintf(path, sizeof path, "%s/Controls/PUSHBUTTON_118_22.bmp", root);
+    failures += FaceStrip(path, 118, 22, 2, grey, lamps, 1);
+    snprintf(path, sizeof path, "%s/templates/Userpanel/id.bmp", root);
+    failures += FaceStrip(path, 30, 16, 2, grey, lamps, 1);
+    snprintf(path, sizeof path, "%s/templates/Userpanel/online.bmp", root);
+    failures += FaceStrip(path, 11, 11, 2, grey, led, 2);
+    return failures;
+}
+
 int main(int argc, char** argv)
 {
-    if (argc != 2) {
-        fprintf(stderr, "usage: imagegen OUTPUT-FOLDER\n");
+    if (argc != 3) {
+        fprintf(stderr, "usage: imagegen PLUGIN-IMAGE-FOLDER HOST-BITMAP-FOLDER\n");
         return 2;
     }
+    if (WidgetBitmaps(argv[2]))
+        return 1;
     const RGB familyA = {0.15, 0.45, 0.80};
     const RGB familyB = {0.90, 0.50, 0.10};
     const RGB zel = {0.30, 0.65, 0.35};
