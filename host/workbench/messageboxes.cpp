@@ -20,7 +20,8 @@ LRESULT CALLBACK AnswerMessageBox(int code, WPARAM wParam, LPARAM lParam)
         HWND box = (HWND)wParam;
         char className[16] = "";
         GetClassNameA(box, className, sizeof className);
-        if (strcmp(className, "#32770") == 0 && GetDlgItem(box, 0xFFFF)) {  // 0xFFFF: a message box's text
+        // A message box is a dialog with its text in control 0xFFFF and no edit field.
+        if (strcmp(className, "#32770") == 0 && GetDlgItem(box, 0xFFFF) && !FindWindowExA(box, NULL, "Edit", NULL)) {
             char caption[256] = "", text[2048] = "";
             GetWindowTextA(box, caption, sizeof caption);
             GetDlgItemTextA(box, 0xFFFF, text, sizeof text);

@@ -4,6 +4,7 @@
 #include "../device/canvas.h"
 #include "pendingwindow.h"
 #include "../config/configurationdialog.h"
+#include "../controls/radiobutton.h"
 
 #include "analyze.h"
 #include "../../base/trace.h"
@@ -70,7 +71,7 @@ int RegisterRadioButton(HINSTANCE instance)
 {
     WNDCLASSA wc = {};
     wc.style = CS_VREDRAW | CS_HREDRAW | CS_GLOBALCLASS;
-    wc.lpfnWndProc = PendingWindowProc;
+    wc.lpfnWndProc = RadioButtonWndProc;
     wc.hInstance = instance;
     wc.hCursor = LoadCursor(NULL, IDC_ARROW);
     wc.lpszClassName = "CSAUTORADIOBUTTON";

@@ -10,3 +10,5 @@
 
 // Dialogs.
 #define IDD_CALLSTATIONDIALOG 165
+#define IDD_PASSWORD 204
+#define IDC_PASSWORD 2016

@@ -31,7 +31,8 @@ LRESULT CALLBACK CatchMessageBox(int code, WPARAM wParam, LPARAM lParam)
         HWND box = (HWND)wParam;
         char className[16] = "";
         GetClassNameA(box, className, sizeof className);
-        if (strcmp(className, "#32770") == 0) {
+        // A message box is a dialog with its text in control 0xFFFF and no edit field.
+        if (strcmp(className, "#32770") == 0 && GetDlgItem(box, 0xFFFF) && !FindWindowExA(box, NULL, "Edit", NULL)) {
             char text[1024] = "";
             GetDlgItemTextA(box, 0xFFFF, text, sizeof text);  // a message box's text control
             if (Catcher().expecting)

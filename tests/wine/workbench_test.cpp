@@ -197,3 +197,22 @@ TEST(Workbench, ObjectsMoveOnlyWhileTheDesignIsEdited)
     EXPECT_NE(design.find("control=0x00000000 ORNCON \"ORNCON_1\" 0x54000000 45,155,150x40\r\n"), std::string::npos);
     EXPECT_NE(design.find("control=0x00000000 DOVRIXC \"ELKCST_2\" 0x56000000 240,40,48x56\r\n"), std::string::npos);
 }
+
+TEST(Workbench, WidgetPageDrivesTheConsole)
+{
+    const std::string folder = TempFolder();
+    const std::string script = WriteScript("widgets ORNCST_1\n"
+                                           "read ORNCST_1 buzzer\n"
+                                           "click ORNCST_1 buzzer\n"
+                                           "read ORNCST_1 buzzer\n"
+                                           "get ORNCST_1 Buzzer\n"
+                                           "read ORNCST_1 firmware\n"
+                                           "read ORNCST_1 slotlabel\n"
+                                           "click ORNCST_1 nosuch\n"
+                                           "shot page:ORNCST_1 " + folder + "\\page.png\n");
+    const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
+    EXPECT_NE(run.out.find("buzzer=1\nbuzzer=0\nBuzzer=0\nfirmware=V3.4.2\nslotlabel=SLOT\n"), std::string::npos)
+        << run.out;
+    EXPECT_NE(run.err.find("no widget nosuch of ORNCST_1"), std::string::npos) << run.err;
+    EXPECT_EQ(ReadFileBytes(folder + "\\page.png").substr(1, 3), "PNG");
+}

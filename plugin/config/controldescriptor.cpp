@@ -1,0 +1,45 @@
+#include "controldescriptor.h"
+
+#include "../../base/text.h"
+#include "../../base/banned.h"
+
+namespace {
+
+HOSTINFO* WidgetObject(HWND widget)
+{
+    return widget && IsWindow(widget) ? reinterpret_cast<HOSTINFO*>(GetWindowLongPtrA(widget, GWLP_USERDATA)) : nullptr;
+}
+
+BOOL SendConnection(LPCSTR, void* widget, void* text)
+{
+    HOSTINFO* obj = WidgetObject(static_cast<HWND>(widget));
+    if (obj && obj->m_wKind != 1)
+        obj->OnLoad(0, (LPARAM)text);
+    return TRUE;
+}
+
+}  // namespace
+
+HWND CreateHostWidget(HOSTINFO* owner, HWND parent, const char* line, std::initializer_list<const char*> attributes)
+{
+    char buffer[4096] = {};
+    CopyText(buffer, line);
+    HWND widget = a_CreateControl(1, owner, parent, buffer);
+    HOSTINFO* obj = WidgetObject(widget);
+    if (!obj)
+        return widget;
+    for (const char* attribute : attributes) {
+        char text[64 + 4096];
+        CopyText(text, attribute);
+        obj->OnLoad(0, (LPARAM)text);
+    }
+    return widget;
+}
+
+void BindPage(HOSTINFO* owner, const char* objectName)
+{
+    char text[HOSTNAME_SIZE + 16];
+    FormatText(text, sizeof text, "connection=%s", objectName);
+    if (owner && owner->m_pChildTable)
+        owner->m_pChildTable->Enumerate(SendConnection, text);
+}

@@ -1,0 +1,23 @@
+// The plug-in's flat controls: owner-drawn push buttons, the dialog colours,
+// the flat combo box and the spin control.
+#pragma once
+
+#include <windows.h>
+
+// WM_DRAWITEM of an owner-drawn push button (the dialogs' OK and Cancel).
+void DrawOwnerPushButton(const DRAWITEMSTRUCT* item);
+
+// WM_CTLCOLOREDIT, WM_CTLCOLORBTN, WM_CTLCOLORSTATIC, WM_CTLCOLORDLG of a
+// dialog: the colour set on the DC and the host's brush; 0 for other messages.
+LRESULT DialogColours(UINT message, HDC hdc);
+
+// Paints a combo box flat: yellow field, selection text, arrow button.
+void PaintFlatCombo(HWND combo, HDC hdc);
+
+// Draws a spin control over itself with its frame and two spin buttons;
+// unsubclasses itself when the control is destroyed.
+bool SubclassSpin(HWND spin);
+
+// Whether the spin's parent class is a prefix of "SysDateTimePick32" (the
+// comparison takes the length of the parent's class name).
+bool IsDateTimePickerClass(const char* parentClass);

@@ -1,0 +1,70 @@
+#include "passwordprompt.h"
+
+#include "flatcontrols.h"
+
+#include "../../base/text.h"
+#include "../../base/banned.h"
+
+namespace {
+
+void EnableButtons(HWND dialog, BOOL enable)
+{
+    EnableWindow(GetDlgItem(dialog, IDOK), enable);
+    EnableWindow(GetDlgItem(dialog, IDCANCEL), enable);
+}
+
+void Prompt_Init(HWND dialog, PASSWORDREQUEST* request)
+{
+    SetWindowLongPtrA(dialog, DWLP_USER, (LONG_PTR)request);
+    SendDlgItemMessageA(dialog, IDC_PASSWORD, EM_LIMITTEXT, PASSWORD_LENGTH, 0);
+    SetFocus(GetDlgItem(dialog, IDC_PASSWORD));
+}
+
+void Prompt_Ok(HWND dialog)
+{
+    PASSWORDREQUEST* request = reinterpret_cast<PASSWORDREQUEST*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    EnableButtons(dialog, FALSE);
+    char password[PASSWORD_LENGTH + 1] = "";
+    GetDlgItemTextA(dialog, IDC_PASSWORD, password, sizeof password);
+    if (password[0] && request) {
+        CopyText(request->password, password);
+        SecureZeroMemory(password, sizeof password);
+        EndDialog(dialog, IDOK);
+        return;
+    }
+    MessageBoxA(dialog, "Password field is empty. Please Enter the Password", "Error", MB_OK | MB_ICONERROR);
+    SetFocus(GetDlgItem(dialog, IDC_PASSWORD));
+    EnableButtons(dialog, TRUE);
+}
+
+}  // namespace
+
+INT_PTR CALLBACK PasswordPromptProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case WM_INITDIALOG:
+        Prompt_Init(dialog, reinterpret_cast<PASSWORDREQUEST*>(lParam));
+        return FALSE;  // the focus is set
+    case WM_COMMAND:
+        if (LOWORD(wParam) == IDOK)
+            Prompt_Ok(dialog);
+        else if (LOWORD(wParam) == IDCANCEL)
+            EndDialog(dialog, IDCANCEL);
+        return TRUE;
+    case WM_DRAWITEM:
+        DrawOwnerPushButton(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+        return TRUE;
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORBTN:
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORDLG:
+        return (INT_PTR)DialogColours(message, (HDC)wParam);
+    default:
+        return FALSE;
+    }
+}
+
+INT_PTR PromptForPassword(HINSTANCE module, HWND owner, PASSWORDREQUEST* request)
+{
+    return DialogBoxParamA(module, MAKEINTRESOURCEA(IDD_PASSWORD), owner, PasswordPromptProc, (LPARAM)request);
+}

@@ -1,0 +1,17 @@
+// The password prompt (dialog 204) before a firmware upload.
+#pragma once
+
+#include <windows.h>
+
+#include "../resources/resource.h"
+
+enum { PASSWORD_LENGTH = 16 };
+
+// The caller's record: the password typed, when the prompt ends with OK.
+struct PASSWORDREQUEST {
+    char password[PASSWORD_LENGTH + 1];
+};
+
+INT_PTR CALLBACK PasswordPromptProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+// Runs the prompt modally; IDOK with the password in the record, or IDCANCEL.
+INT_PTR PromptForPassword(HINSTANCE module, HWND owner, PASSWORDREQUEST* request);
