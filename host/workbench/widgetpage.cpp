@@ -112,6 +112,13 @@ WIDGETPAGE* OpenWidgetPage(WORKBENCH* bench, const std::string& object)
                 properties->OnLoad(0, (LPARAM)attribute);
     }
     EnableWindow(a_FindHwnd(&page->owner, "decadeselect"), FALSE);
+    // The plug-in's flat page buttons, as the console view shows them.
+    const char* const pages[] = {"Console", "Ext 1", "Ext 2"};
+    for (int i = 0; i < 3; i++)
+        CreateWindowExA(0, "CSAUTORADIOBUTTON", pages[i], WS_CHILD | WS_VISIBLE | (i == 0 ? WS_GROUP : 0),
+                        290 + 0, 34 + i * 26, 100, 22, page->window, (HMENU)(INT_PTR)(500 + i),
+                        GetModuleHandleA(NULL), NULL);
+    SendMessageA(GetDlgItem(page->window, 500), 0x8B0, 1, 0);  // the console's page is checked
     const std::string connection = "connection=" + object;
     BINDING binding = {connection.c_str()};
     if (page->owner.m_pChildTable)
