@@ -48,36 +48,11 @@ void RemoveRecorder(TESTDESIGN& design, RECORDER* recorder)
     a_RemoveHostinfo(design.Root(), recorder);
 }
 
-// The canvas as it draws itself, pixel by pixel (0x00RRGGBB).
-std::vector<DWORD> Picture(HWND canvas, int* width)
-{
-    RECT client;
-    GetClientRect(canvas, &client);
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = client.right;
-    info.bmiHeader.biHeight = -client.bottom;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
-    HBITMAP bitmap = CreateDIBSection(NULL, &info, DIB_RGB_COLORS, &bits, NULL, 0);
-    HDC memory = CreateCompatibleDC(NULL);
-    HGDIOBJ old = SelectObject(memory, bitmap);
-    SendMessageA(canvas, WM_PRINTCLIENT, (WPARAM)memory, PRF_CLIENT);
-    GdiFlush();
-    std::vector<DWORD> pixels((const DWORD*)bits, (const DWORD*)bits + client.right * client.bottom);
-    SelectObject(memory, old);
-    DeleteDC(memory);
-    DeleteObject(bitmap);
-    *width = client.right;
-    return pixels;
-}
-
 // The pixels of the address field at the top of the face.
 std::vector<DWORD> AddressField(HWND canvas)
 {
     int width = 0;
-    const std::vector<DWORD> pixels = Picture(canvas, &width);
+    const std::vector<DWORD> pixels = WindowPixels(canvas, &width);
     return std::vector<DWORD>(pixels.begin() + 2 * width, pixels.begin() + 13 * width);
 }
 
@@ -146,9 +121,9 @@ TEST(Canvas, FaceShowsAddressAndOnlineState)
     EXPECT_EQ(AddressField(console->m_hWnd), ten);
 
     int width = 0;
-    const DWORD offline = Picture(console->m_hWnd, &width)[3 * width + 6];  // inside the display window
+    const DWORD offline = WindowPixels(console->m_hWnd, &width)[3 * width + 6];  // inside the display window
     console->m_wFlags |= HOSTFLAG_ONLINE;
-    const DWORD online = Picture(console->m_hWnd, &width)[3 * width + 6];
+    const DWORD online = WindowPixels(console->m_hWnd, &width)[3 * width + 6];
     EXPECT_NE(online, offline);
 }
 

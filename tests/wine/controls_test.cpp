@@ -39,25 +39,7 @@ HWND CreateParent()
 std::vector<DWORD> Pixels(HWND window)
 {
     SetFocus(NULL);  // a focus rectangle is not what is compared
-    RECT client;
-    GetClientRect(window, &client);
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = client.right;
-    info.bmiHeader.biHeight = -client.bottom;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
-    HBITMAP bitmap = CreateDIBSection(NULL, &info, DIB_RGB_COLORS, &bits, NULL, 0);
-    HDC memory = CreateCompatibleDC(NULL);
-    HGDIOBJ old = SelectObject(memory, bitmap);
-    SendMessageA(window, WM_PRINTCLIENT, (WPARAM)memory, PRF_CLIENT);
-    GdiFlush();
-    std::vector<DWORD> pixels((const DWORD*)bits, (const DWORD*)bits + client.right * client.bottom);
-    SelectObject(memory, old);
-    DeleteDC(memory);
-    DeleteObject(bitmap);
-    return pixels;
+    return WindowPixels(window);
 }
 
 void Click(HWND button, int x, int y, int releaseX, int releaseY)
@@ -232,7 +214,6 @@ TEST_F(Widgets, EditFieldWritesBackAndLabelsHideByColour)
     HWND label = Widget("0 BSTATIC \"slotlabel\" 0x54000000 10,100,90x16",
                         {"textcolor=0", "backgroundcolor=0xc8d0d4", "fmt=SLOT", "alignment=left"});
     const std::vector<DWORD> shown = Pixels(label);
-    SendMessageA(label, WM_NULL, 0, 0);
     ((HOSTINFO*)GetWindowLongPtrA(label, GWLP_USERDATA))->OnLoad(0, (LPARAM) "textcolor=0xc8d0d4");
     const std::vector<DWORD> hidden = Pixels(label);
     EXPECT_NE(shown, hidden);

@@ -191,3 +191,28 @@ std::string ReadFileBytes(const std::string& path)
     content << file.rdbuf();
     return content.str();
 }
+
+std::vector<DWORD> WindowPixels(HWND window, int* width)
+{
+    RECT client;
+    GetClientRect(window, &client);
+    BITMAPINFO info = {};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = client.right;
+    info.bmiHeader.biHeight = -client.bottom;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    void* bits = nullptr;
+    HBITMAP bitmap = CreateDIBSection(NULL, &info, DIB_RGB_COLORS, &bits, NULL, 0);
+    HDC memory = CreateCompatibleDC(NULL);
+    HGDIOBJ old = SelectObject(memory, bitmap);
+    SendMessageA(window, WM_PRINTCLIENT, (WPARAM)memory, PRF_CLIENT);
+    GdiFlush();
+    std::vector<DWORD> pixels((const DWORD*)bits, (const DWORD*)bits + client.right * client.bottom);
+    SelectObject(memory, old);
+    DeleteDC(memory);
+    DeleteObject(bitmap);
+    if (width)
+        *width = client.right;
+    return pixels;
+}

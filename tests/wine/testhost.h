@@ -51,6 +51,10 @@ public:
     const std::vector<std::string>& Texts() const;
 };
 
+// A window's client area as it draws itself (WM_PRINTCLIENT), pixel by pixel
+// (0x00RRGGBB), rows from the top; the width in *width when asked for.
+std::vector<DWORD> WindowPixels(HWND window, int* width = nullptr);
+
 std::string SourcePath(const char* relative);  // a file of the source tree
 std::string TempFolder();                       // a fresh folder for one test
 std::string ReadFileBytes(const std::string& path);
