@@ -168,3 +168,21 @@ bool BeginPropertyEdit(HWND list, int row)
     SetFocus(state->editor);
     return true;
 }
+
+int FindPropertyRow(HWND list, const char* keyword)
+{
+    const int rows = (int)SendMessageA(list, LVM_GETITEMCOUNT, 0, 0);
+    for (int row = 0; row < rows; row++) {
+        char shown[256] = "";
+        ListCell(list, row, 0, shown, sizeof shown);
+        if (strcmp(shown, keyword) == 0)
+            return row;
+    }
+    return -1;
+}
+
+HWND PropertyEditor(HWND list)
+{
+    LISTSTATE* state = StateOf(list);
+    return state ? state->editor : NULL;
+}

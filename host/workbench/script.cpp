@@ -119,6 +119,19 @@ bool ParseScriptLine(const std::string& rawLine, SCRIPTCOMMAND* command, std::st
         command->object = rest;
         return true;
     }
+    if (verb == "edit") {
+        // OBJ and KEYWORD are words; the value is the rest of the line.
+        const size_t first = rest.find_first_of(" \t");
+        const std::string tail = first == std::string::npos ? std::string() : Trimmed(rest.substr(first));
+        const size_t second = tail.find_first_of(" \t");
+        if (first == std::string::npos || tail.empty())
+            return Fail(error, "edit needs OBJECT KEYWORD VALUE");
+        command->verb = SCRIPT_EDIT;
+        command->object = rest.substr(0, first);
+        command->text = tail.substr(0, second);
+        command->typed = second == std::string::npos ? std::string() : Trimmed(tail.substr(second));
+        return true;
+    }
     if (verb == "click" || verb == "read") {
         if (!LastWord(rest, &command->object, &command->text))
             return Fail(error, verb + " needs OBJECT WIDGET");

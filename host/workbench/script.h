@@ -11,6 +11,7 @@
 //   tooltip OBJ             prints the tooltip of an object's canvas (and shows it)
 //   menu OBJ                prints the object's context menu, an item a line
 //   select OBJ              selects the object; the property list shows it
+//   edit OBJ KEYWORD VALUE  types VALUE into OBJ's row KEYWORD of the property list
 //   drag OBJ DX DY          drags the object by DX, DY with the mouse
 //   design on|off           edits the design (objects hand the mouse to the surface) or runs it
 //   widgets OBJ             builds a page of every widget kind bound to OBJ ("shot page:OBJ")
@@ -55,12 +56,14 @@ enum SCRIPTVERB {
     SCRIPT_WIDGETS,
     SCRIPT_CLICK,
     SCRIPT_READ,
+    SCRIPT_EDIT,
 };
 
 struct SCRIPTCOMMAND {
     SCRIPTVERB verb = SCRIPT_NOTHING;
     std::string object;   // get, online, fault, device, list, tooltip, menu, open, delete; shot: the target
-    std::string text;     // set: the whole design line; get: the keyword; save, screenshot: the
+    std::string typed;    // edit: the value typed
+    std::string text;     // set: the whole design line; get, edit: the keyword; save, screenshot: the
                           // file; device: the variable
     int code = 0;         // callback: the code; fault: the fault word; tick: milliseconds; drag: DX
     int value = 0;        // online, fault, design: 1 or 0; device: the value; drag: DY

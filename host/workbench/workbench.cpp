@@ -370,6 +370,26 @@ bool ReadWidget(WORKBENCH* bench, const SCRIPTCOMMAND& command)
     return true;
 }
 
+// Selects the object and edits one row of the property list as a user does:
+// open the cell's editor, type, press Enter.
+bool EditProperty(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
+    HOSTINFO* obj = FindObject(command);
+    if (!obj)
+        return false;
+    a_SetSelection(bench->design, obj);
+    ShowProperties(bench->properties, obj);
+    const int row = FindPropertyRow(bench->properties, command.text.c_str());
+    if (row < 0 || !BeginPropertyEdit(bench->properties, row)) {
+        fprintf(stderr, "workbench: %s has no editable row %s\n", command.object.c_str(), command.text.c_str());
+        return false;
+    }
+    HWND editor = PropertyEditor(bench->properties);
+    SetWindowTextA(editor, command.typed.c_str());
+    SendMessageA(editor, WM_KEYDOWN, VK_RETURN, 0);
+    return true;
+}
+
 // A console's context menu command 1 is "Configuration".
 bool OpenConfiguration(const SCRIPTCOMMAND& command)
 {
@@ -481,6 +501,9 @@ bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command)
             fprintf(stderr, "workbench: no object %s\n", command.object.c_str());
             ok = false;
         }
+        break;
+    case SCRIPT_EDIT:
+        ok = EditProperty(bench, command);
         break;
     case SCRIPT_CLICK:
         ok = ClickWidget(bench, command);

@@ -69,6 +69,8 @@ void DestroyPropertyList(HWND list);
 void ShowProperties(HWND list, HOSTINFO* obj);  // null empties it
 void RefreshPropertyValues(HWND list);
 bool BeginPropertyEdit(HWND list, int row);
+int FindPropertyRow(HWND list, const char* keyword);  // -1 when the list has no such row
+HWND PropertyEditor(HWND list);                       // the in-place editor, while one is open
 void ListCell(HWND list, int row, int column, char* text, int size);
 
 // An object's context menu: the host's items and the object's own.

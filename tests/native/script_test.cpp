@@ -44,6 +44,15 @@ TEST(Script, DeviceCommands)
     EXPECT_EQ(command.code, 1001);
     ASSERT_TRUE(ParseScriptLine("list ORNCST_1", &command, &error));
     EXPECT_EQ(command.verb, SCRIPT_LIST);
+    ASSERT_TRUE(ParseScriptLine("edit ORNCST_1 name Reception  desk", &command, &error));
+    EXPECT_EQ(command.object, "ORNCST_1");
+    EXPECT_EQ(command.text, "name");
+    EXPECT_EQ(command.typed, "Reception  desk");
+    ASSERT_TRUE(ParseScriptLine("drag ORNCON_1 -5 10", &command, &error));
+    EXPECT_EQ(command.code, -5);
+    EXPECT_EQ(command.value, 10);
+    ASSERT_TRUE(ParseScriptLine("shot config:ORNCST_1 out\\config.png", &command, &error));
+    EXPECT_EQ(command.object, "config:ORNCST_1");
 }
 
 TEST(Script, MalformedLinesSayWhy)
@@ -53,7 +62,8 @@ TEST(Script, MalformedLinesSayWhy)
     for (const char* line : {"set name=1", "set Desk*=1", "set Desk*name", "get Desk", "callback x", "trace now",
                              "save", "jump Desk", "online ORNCST_1 maybe", "fault ORNCST_1 0 on",
                              "fault ORNCST_1 on", "device ORNCST_1 Buzzer", "device ORNCST_1 Buzzer=x", "tick -5",
-                             "list"}) {
+                             "list", "edit ORNCST_1", "drag ORNCST_1 5", "design maybe", "shot surface",
+                             "click ORNCST_1"}) {
         error.clear();
         EXPECT_FALSE(ParseScriptLine(line, &command, &error)) << line;
         EXPECT_FALSE(error.empty()) << line;

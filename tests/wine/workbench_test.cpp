@@ -216,3 +216,17 @@ TEST(Workbench, WidgetPageDrivesTheConsole)
     EXPECT_NE(run.err.find("no widget nosuch of ORNCST_1"), std::string::npos) << run.err;
     EXPECT_EQ(ReadFileBytes(folder + "\\page.png").substr(1, 3), "PNG");
 }
+
+TEST(Workbench, PropertyListEditsAreWrittenOrReported)
+{
+    const std::string script = WriteScript("edit ELKCST_2 name Security desk 2\n"
+                                           "get ELKCST_2 name\n"
+                                           "edit ELKCST_2 priority lots\n"
+                                           "get ELKCST_2 priority\n"
+                                           "edit ELKCST_2 layer Floor1\n"
+                                           "trace\n");
+    const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
+    EXPECT_NE(run.out.find("name=Security desk 2\npriority=10\nError reading line priority\n"), std::string::npos)
+        << run.out;
+    EXPECT_NE(run.err.find("ELKCST_2 has no editable row layer"), std::string::npos) << run.err;
+}
