@@ -5,6 +5,7 @@
 #include "design.h"
 
 #include "../../base/text.h"
+#include "../../base/gdi.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -56,13 +57,12 @@ void Controller_Draw(HWND hwnd, CONTROLLER* c, HDC hdc)
     RECT client;
     GetClientRect(hwnd, &client);
     const bool familyA = strncmp(c->m_szName, "ORNCON", 6) == 0 || strstr(c->m_szName, "*ORNCON");
-    HBRUSH fill = CreateSolidBrush(familyA ? RGB(0xDC, 0xE8, 0xF6) : RGB(0xF8, 0xE6, 0xD2));
+    Brush fill(CreateSolidBrush(familyA ? RGB(0xDC, 0xE8, 0xF6) : RGB(0xF8, 0xE6, 0xD2)));
     FillRect(hdc, &client, fill);
-    DeleteObject(fill);
     FrameRect(hdc, &client, (HBRUSH)GetStockObject(DKGRAY_BRUSH));
 
     SetBkMode(hdc, TRANSPARENT);
-    HGDIOBJ oldFont = SelectObject(hdc, GetStockObject(DEFAULT_GUI_FONT));
+    Selection font(hdc, GetStockObject(DEFAULT_GUI_FONT));
     RECT text = client;
     InflateRect(&text, -4, -2);
     const char* local = strrchr(c->m_szName, '*');
@@ -78,16 +78,13 @@ void Controller_Draw(HWND hwnd, CONTROLLER* c, HDC hdc)
     }
     text.top += 16;
     DrawTextA(hdc, consoles[0] ? consoles : "no consoles", -1, &text, DT_LEFT | DT_TOP | DT_SINGLELINE);
-    SelectObject(hdc, oldFont);
     a_DrawSelection(c, hdc);
 }
 
 void Controller_Paint(HWND hwnd, CONTROLLER* c)
 {
-    PAINTSTRUCT ps;
-    HDC hdc = BeginPaint(hwnd, &ps);
+    PaintDC hdc(hwnd);
     Controller_Draw(hwnd, c, hdc);
-    EndPaint(hwnd, &ps);
 }
 
 LRESULT CALLBACK ControllerWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)

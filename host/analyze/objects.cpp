@@ -4,6 +4,7 @@
 #include "design.h"
 
 #include "../../base/text.h"
+#include "../../base/gdi.h"
 #include "../../base/banned.h"
 
 HOSTINFO* a_FindRootHostinfo(HOSTINFO* obj)
@@ -128,14 +129,13 @@ void a_DrawSelection(HOSTINFO* obj, HDC hdc)
                              {client.left, client.bottom - mark},
                              {client.right - mark, client.bottom - mark}};
     // Marks that stand out on light and dark faces alike.
-    HBRUSH fill = CreateSolidBrush(RGB(0x00, 0x78, 0xD7));
+    Brush fill(CreateSolidBrush(RGB(0x00, 0x78, 0xD7)));
     for (const POINT& corner : corners) {
         RECT box = {corner.x, corner.y, corner.x + mark, corner.y + mark};
         FillRect(hdc, &box, (HBRUSH)GetStockObject(WHITE_BRUSH));
         InflateRect(&box, -1, -1);
         FillRect(hdc, &box, fill);
     }
-    DeleteObject(fill);
 }
 
 BOOL a_SetSelection(HOSTINFO* root, HOSTINFO* obj)

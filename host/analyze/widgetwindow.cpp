@@ -9,6 +9,7 @@
 #include "designtext.h"
 
 #include "../../base/text.h"
+#include "../../base/gdi.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -70,13 +71,11 @@ void DrawFace(HDC hdc, const WIDGET* w, const RECT& client)
     const int frames = FramesOf(w->kind);
     const int frameWidth = info.bmWidth / frames > 0 ? info.bmWidth / frames : info.bmWidth;
     const int frame = FrameOf(w) < frames ? FrameOf(w) : 0;
-    HDC memory = CreateCompatibleDC(hdc);
-    HGDIOBJ old = SelectObject(memory, w->face);
+    MemoryDC memory(hdc);
+    Selection face(memory, w->face);
     SetStretchBltMode(hdc, COLORONCOLOR);
     StretchBlt(hdc, 0, 0, client.right, client.bottom, memory, frame * frameWidth, 0, frameWidth, info.bmHeight,
                SRCCOPY);
-    SelectObject(memory, old);
-    DeleteDC(memory);
 }
 
 void DrawText(HWND hwnd, HDC hdc, const WIDGET* w, RECT box)
@@ -91,7 +90,7 @@ void DrawText(HWND hwnd, HDC hdc, const WIDGET* w, RECT box)
         colour = kDisabledText;
     SetTextColor(hdc, colour);
     SetBkMode(hdc, TRANSPARENT);
-    HGDIOBJ oldFont = SelectObject(hdc, FontOf(w));
+    Selection font(hdc, FontOf(w));
     UINT format = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
     if (w->kind == WIDGET_STATIC && w->attributes.alignLeft) {
         format |= DT_LEFT;
@@ -102,16 +101,14 @@ void DrawText(HWND hwnd, HDC hdc, const WIDGET* w, RECT box)
     if (w->pressed)
         OffsetRect(&box, 1, 1);
     DrawTextA(hdc, text.c_str(), -1, &box, format);
-    SelectObject(hdc, oldFont);
 }
 
 void Widget_Draw(HWND hwnd, WIDGET* w, HDC hdc)
 {
     RECT client;
     GetClientRect(hwnd, &client);
-    HBRUSH background = CreateSolidBrush(Background(w));
+    Brush background(CreateSolidBrush(Background(w)));
     FillRect(hdc, &client, background);
-    DeleteObject(background);
     if (w->kind == WIDGET_TRISTATE || w->kind == WIDGET_BUTTON || w->kind == WIDGET_LED)
         DrawFace(hdc, w, client);
     if (w->kind != WIDGET_EDIT && w->kind != WIDGET_LED)
@@ -120,10 +117,8 @@ void Widget_Draw(HWND hwnd, WIDGET* w, HDC hdc)
 
 void Widget_Paint(HWND hwnd, WIDGET* w)
 {
-    PAINTSTRUCT ps;
-    HDC hdc = BeginPaint(hwnd, &ps);
+    PaintDC hdc(hwnd);
     Widget_Draw(hwnd, w, hdc);
-    EndPaint(hwnd, &ps);
 }
 
 void CommitEditor(WIDGET* w)

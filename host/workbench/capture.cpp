@@ -9,6 +9,7 @@
 
 #include <vector>
 
+#include "../../base/gdi.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -95,18 +96,15 @@ bool SaveWindowPicture(HWND window, const char* path)
     GetClientRect(window, &client);
     if (client.right <= 0 || client.bottom <= 0)
         return false;
-    HDC screen = GetDC(NULL);
-    HDC memory = CreateCompatibleDC(screen);
-    HBITMAP bitmap = CreateCompatibleBitmap(screen, client.right, client.bottom);
-    ReleaseDC(NULL, screen);
-    HGDIOBJ old = SelectObject(memory, bitmap);
-    PatBlt(memory, 0, 0, client.right, client.bottom, WHITENESS);
-    PrintTree(window, memory, POINT{0, 0}, client);
-    SelectObject(memory, old);
-    DeleteDC(memory);
-    const bool saved = SaveBitmap(bitmap, path);
-    DeleteObject(bitmap);
-    return saved;
+    WindowDC screen(NULL);
+    Bitmap bitmap(CreateCompatibleBitmap(screen, client.right, client.bottom));
+    {
+        MemoryDC memory(screen);
+        Selection selected(memory, bitmap);
+        PatBlt(memory, 0, 0, client.right, client.bottom, WHITENESS);
+        PrintTree(window, memory, POINT{0, 0}, client);
+    }
+    return SaveBitmap(bitmap, path);
 }
 
 bool SaveScreenPicture(HWND window, const char* path)
@@ -119,17 +117,14 @@ bool SaveScreenPicture(HWND window, const char* path)
     RECT rect;
     GetWindowRect(top, &rect);
     const int width = rect.right - rect.left, height = rect.bottom - rect.top;
-    HDC screen = GetDC(NULL);
-    HDC memory = CreateCompatibleDC(screen);
-    HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
-    HGDIOBJ old = SelectObject(memory, bitmap);
-    BitBlt(memory, 0, 0, width, height, screen, rect.left, rect.top, SRCCOPY);
-    SelectObject(memory, old);
-    DeleteDC(memory);
-    ReleaseDC(NULL, screen);
-    const bool saved = SaveBitmap(bitmap, path);
-    DeleteObject(bitmap);
-    return saved;
+    WindowDC screen(NULL);
+    Bitmap bitmap(CreateCompatibleBitmap(screen, width, height));
+    {
+        MemoryDC memory(screen);
+        Selection selected(memory, bitmap);
+        BitBlt(memory, 0, 0, width, height, screen, rect.left, rect.top, SRCCOPY);
+    }
+    return SaveBitmap(bitmap, path);
 }
 
 void PumpMessagesFor(DWORD milliseconds)

@@ -5,6 +5,7 @@
 
 #include "../../base/text.h"
 #include "../../base/trace.h"
+#include "../../base/gdi.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -36,26 +37,22 @@ void Configuration_Draw(HWND hwnd, CONFIGURATIONSTATE* state, HDC hdc)
 {
     RECT client;
     GetClientRect(hwnd, &client);
-    HBRUSH page = CreateSolidBrush(kPageColour);
+    Brush page(CreateSolidBrush(kPageColour));
     FillRect(hdc, &client, page);
-    DeleteObject(page);
     SetBkMode(hdc, TRANSPARENT);
-    HGDIOBJ oldFont = SelectObject(hdc, GetStockObject(DEFAULT_GUI_FONT));
+    Selection font(hdc, GetStockObject(DEFAULT_GUI_FONT));
     char text[256];
     FormatText(text, sizeof text, "%s is %s.\nIts configuration pages are not implemented yet.",
                state->console ? state->console->m_szName : "The console", state->offline ? "offline" : "online");
     RECT box = client;
     InflateRect(&box, -24, -24);
     DrawTextA(hdc, text, -1, &box, DT_LEFT | DT_TOP | DT_NOPREFIX);
-    SelectObject(hdc, oldFont);
 }
 
 void Configuration_Paint(HWND hwnd, CONFIGURATIONSTATE* state)
 {
-    PAINTSTRUCT ps;
-    HDC hdc = BeginPaint(hwnd, &ps);
+    PaintDC hdc(hwnd);
     Configuration_Draw(hwnd, state, hdc);
-    EndPaint(hwnd, &ps);
 }
 
 void Configuration_Destroy(HWND hwnd, CONFIGURATIONSTATE* state)

@@ -7,6 +7,7 @@
 #include "frames.h"
 #include "palette.h"
 
+#include "../../base/gdi.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -39,7 +40,7 @@ bool CursorIn(HWND window, const RECT& part)
 
 void PaintSpin(HWND spin)
 {
-    HDC hdc = GetDC(spin);
+    WindowDC hdc(spin);
     RECT client;
     GetClientRect(spin, &client);
     char parentClass[64] = "";
@@ -54,7 +55,6 @@ void PaintSpin(HWND spin)
                     7, true, false);
     PaintButtonPart(hdc, lower, ButtonPartState(true, disabled, ButtonDown(), CursorIn(spin, lower)), kFaceColour, 'u',
                     7, false, false);
-    ReleaseDC(spin, hdc);
 }
 
 LRESULT CALLBACK SpinProc(HWND spin, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR)
@@ -91,9 +91,8 @@ void DrawOwnerPushButton(const DRAWITEMSTRUCT* item)
         state |= DFCS_PUSHED;
     DrawFrameControl(item->hDC, &rect, DFC_BUTTON, state);
 
-    HBRUSH face = CreateSolidBrush(kFaceColour);
+    Brush face(CreateSolidBrush(kFaceColour));
     FillRect(item->hDC, &rect, face);
-    DeleteObject(face);
     HBRUSH border = GetSysColorBrush(disabled ? COLOR_GRAYTEXT : COLOR_BTNTEXT);
     FrameRect(item->hDC, &rect, border);
     if ((item->itemState & ODS_FOCUS) && !(item->itemState & ODS_NOFOCUSRECT)) {
@@ -131,9 +130,8 @@ void PaintFlatCombo(HWND combo, HDC hdc)
 {
     RECT client;
     GetClientRect(combo, &client);
-    HBRUSH field = CreateSolidBrush(kFieldColour);
+    Brush field(CreateSolidBrush(kFieldColour));
     FillRect(hdc, &client, field);
-    DeleteObject(field);
 
     RECT text = client;
     text.right -= DropButtonWidth();
@@ -150,13 +148,14 @@ void PaintFlatCombo(HWND combo, HDC hdc)
     const LRESULT index = SendMessageA(combo, CB_GETCURSEL, 0, 0);
     if (index != CB_ERR && SendMessageA(combo, CB_GETLBTEXTLEN, (WPARAM)index, 0) < (LRESULT)sizeof selection)
         SendMessageA(combo, CB_GETLBTEXT, (WPARAM)index, (LPARAM)selection);
-    HFONT font = CreateFontA(ReferenceFontHeight() - 8, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
-                             OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, "MS Sans Serif");
-    HGDIOBJ oldFont = SelectObject(hdc, font);
-    SetBkMode(hdc, TRANSPARENT);
-    DrawTextA(hdc, selection, -1, &text, DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS);
-    SelectObject(hdc, oldFont);
-    DeleteObject(font);
+    {
+        FontHandle font(CreateFontA(ReferenceFontHeight() - 8, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+                                    OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH,
+                                    "MS Sans Serif"));
+        Selection selected(hdc, font);
+        SetBkMode(hdc, TRANSPARENT);
+        DrawTextA(hdc, selection, -1, &text, DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS);
+    }
 
     RECT arrow = client;
     arrow.left = client.right - DropButtonWidth();

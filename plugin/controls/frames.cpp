@@ -2,6 +2,7 @@
 
 #include "palette.h"
 
+#include "../../base/gdi.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -30,18 +31,17 @@ FRAMECOLOURS ColoursOf(int state)
 
 void Edge(HDC hdc, const RECT& r, COLORREF topLeft, COLORREF bottomRight)
 {
-    HPEN light = CreatePen(PS_SOLID, 1, topLeft);
-    HPEN dark = CreatePen(PS_SOLID, 1, bottomRight);
-    HGDIOBJ old = SelectObject(hdc, light);
-    MoveToEx(hdc, r.left, r.bottom - 1, NULL);
-    LineTo(hdc, r.left, r.top);
-    LineTo(hdc, r.right - 1, r.top);
-    SelectObject(hdc, dark);
+    Pen light(CreatePen(PS_SOLID, 1, topLeft));
+    Pen dark(CreatePen(PS_SOLID, 1, bottomRight));
+    {
+        Selection pen(hdc, light);
+        MoveToEx(hdc, r.left, r.bottom - 1, NULL);
+        LineTo(hdc, r.left, r.top);
+        LineTo(hdc, r.right - 1, r.top);
+    }
+    Selection pen(hdc, dark);
     LineTo(hdc, r.right - 1, r.bottom - 1);
     LineTo(hdc, r.left - 1, r.bottom - 1);
-    SelectObject(hdc, old);
-    DeleteObject(light);
-    DeleteObject(dark);
 }
 
 }  // namespace
@@ -69,9 +69,9 @@ bool DrawStateFrame(HDC hdc, const RECT& rect, int state)
 
 void DrawArrowGlyph(HDC hdc, RECT rect, char glyph, int height, bool enabled, bool firstHalf, bool horizontal)
 {
-    HFONT marlett = CreateFontA(height, 0, 0, 0, 100, FALSE, FALSE, FALSE, SYMBOL_CHARSET, OUT_DEFAULT_PRECIS,
-                                CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, "Marlett");
-    HGDIOBJ oldFont = SelectObject(hdc, marlett);
+    FontHandle marlett(CreateFontA(height, 0, 0, 0, 100, FALSE, FALSE, FALSE, SYMBOL_CHARSET, OUT_DEFAULT_PRECIS,
+                                   CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, "Marlett"));
+    Selection font(hdc, marlett);
     const int oldMode = SetBkMode(hdc, TRANSPARENT);
     OffsetRect(&rect, 1, firstHalf ? 1 : 0);
     if (horizontal)
@@ -89,8 +89,6 @@ void DrawArrowGlyph(HDC hdc, RECT rect, char glyph, int height, bool enabled, bo
     }
     DrawTextA(hdc, text, 1, &rect, format);
     SetBkMode(hdc, oldMode);
-    SelectObject(hdc, oldFont);
-    DeleteObject(marlett);
 }
 
 void PaintButtonPart(HDC hdc, const RECT& part, int state, COLORREF face, char glyph, int glyphHeight, bool firstHalf,
@@ -99,19 +97,15 @@ void PaintButtonPart(HDC hdc, const RECT& part, int state, COLORREF face, char g
     const int width = part.right - part.left, height = part.bottom - part.top;
     if (width <= 0 || height <= 0)
         return;
-    HDC memory = CreateCompatibleDC(hdc);
-    HBITMAP bitmap = CreateCompatibleBitmap(hdc, width, height);
-    HGDIOBJ old = SelectObject(memory, bitmap);
+    MemoryDC memory(hdc);
+    Bitmap bitmap(CreateCompatibleBitmap(hdc, width, height));
+    Selection selected(memory, bitmap);
     RECT local = {0, 0, width, height};
     const bool inner = DrawStateFrame(memory, local, state);
     InflateRect(&local, inner ? -2 : -1, inner ? -2 : -1);
-    HBRUSH brush = CreateSolidBrush(face);
+    Brush brush(CreateSolidBrush(face));
     FillRect(memory, &local, brush);
-    DeleteObject(brush);
     const bool enabled = state != PART_DISABLED && state != PART_SPIN_DISABLED;
     DrawArrowGlyph(memory, local, glyph, glyphHeight, enabled, firstHalf, horizontal);
     BitBlt(hdc, part.left, part.top, width, height, memory, 0, 0, SRCCOPY);
-    SelectObject(memory, old);
-    DeleteObject(bitmap);
-    DeleteDC(memory);
 }

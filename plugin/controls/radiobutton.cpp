@@ -5,6 +5,7 @@
 #include "analyze.h"
 #include "palette.h"
 
+#include "../../base/gdi.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -52,9 +53,8 @@ void Radio_Draw(HWND hwnd, RADIOBUTTON* b, HDC hdc)
     if (disabled)
         frame |= DFCS_INACTIVE;
     DrawFrameControl(hdc, &rect, DFC_BUTTON, frame);
-    HBRUSH face = CreateSolidBrush(b->face);
+    Brush face(CreateSolidBrush(b->face));
     FillRect(hdc, &rect, face);
-    DeleteObject(face);
     FrameRect(hdc, &rect, GetSysColorBrush(disabled ? COLOR_GRAYTEXT : COLOR_BTNTEXT));
     if (GetFocus() == hwnd) {
         RECT focus = rect;
@@ -65,19 +65,16 @@ void Radio_Draw(HWND hwnd, RADIOBUTTON* b, HDC hdc)
     GetWindowTextA(hwnd, caption, sizeof caption);
     if (pushed)
         OffsetRect(&rect, 2, 2);
-    HGDIOBJ oldFont = SelectObject(hdc, a_GetFont("ms sans serif,8"));
+    Selection font(hdc, a_GetFont("ms sans serif,8"));
     SetBkMode(hdc, TRANSPARENT);
     SetTextColor(hdc, disabled ? b->disabledText : b->text);
     DrawTextA(hdc, caption, -1, &rect, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
-    SelectObject(hdc, oldFont);
 }
 
 void Radio_Paint(HWND hwnd, RADIOBUTTON* b)
 {
-    PAINTSTRUCT ps;
-    HDC hdc = BeginPaint(hwnd, &ps);
+    PaintDC hdc(hwnd);
     Radio_Draw(hwnd, b, hdc);
-    EndPaint(hwnd, &ps);
 }
 
 void Radio_ButtonDown(HWND hwnd, RADIOBUTTON* b, LPARAM lParam)

@@ -17,6 +17,7 @@
 
 #include "../../base/text.h"
 #include "../../base/trace.h"
+#include "../../base/gdi.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -189,17 +190,15 @@ void Canvas_Draw(HWND hwnd, CONSOLEPROPERTIES* c, HDC hdc)
         // The console's own fault, and the system's fault LED when it reports faults.
         const bool fault = c->m_masterFault != 0 || (c->m_faultLed != 0 && c->m_reportFaultsCache != 0);
         SolidBrush led{Color(fault ? kFaultLedOn : kFaultLedOff)};
-        graphics.FillEllipse(&led, (INT)client.right - 8, 3, 5, 5);
+        graphics.FillEllipse(&led, (INT)client.right - 12, 4, 5, 5);  // clear of the selection marks
     }
     a_DrawSelection(c, hdc);
 }
 
 void Canvas_Paint(HWND hwnd, CONSOLEPROPERTIES* c)
 {
-    PAINTSTRUCT ps;
-    HDC hdc = BeginPaint(hwnd, &ps);
+    PaintDC hdc(hwnd);
     Canvas_Draw(hwnd, c, hdc);
-    EndPaint(hwnd, &ps);
 }
 
 void Canvas_UpdateTooltip(HWND hwnd, CONSOLEPROPERTIES* c)
