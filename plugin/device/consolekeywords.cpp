@@ -1,6 +1,5 @@
 // Every keyword of a console object, in the order the table is built; the
-// lookup works on the sorted table. A keyword whose handler is not built yet
-// (the paging list) has none: loading its line reports "Not implemented".
+// lookup works on the sorted table.
 #include "consolekeywords.h"
 
 #include "handlers.h"
@@ -102,7 +101,7 @@ void BuildConsoleKeywordTable()
     t.Add("ShowPowerManagementStates", ShowPowerManagementHandler, 0, SL);
     t.Add("DecadicSelectionActive", DecadicSelectionHandler, 0, SL);
     AddNumbered(t, "NumericKey%d", 0, 11, S, NumericKeyMemberHandler);
-    t.Add("GetCSTPagingList", nullptr, 0, 0);
+    t.Add("GetCSTPagingList", PagingListHandler, 0, 0);
     t.Add("FireEmergencyMonitoring", FireEmergencyMonitoringHandler, 0, S);
     t.Add("EmergencyCSTKeys", EmergencyKeysHandler, 0, S);
     t.Finish();

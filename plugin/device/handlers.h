@@ -37,6 +37,7 @@ KEYWORDHANDLER StateFlagsMemberHandler(int n);  // StateFlags1 .. StateFlags8
 KEYWORDHANDLER KeyMemberHandler(int key);          // key000 .. key127
 KEYWORDHANDLER NumericKeyMemberHandler(int key);   // NumericKey0 .. NumericKey11
 KEYWORDHANDLER OptionStateMemberHandler(int key);  // key0120OptionState .. key0122OptionState
+int PagingListHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 
 // Extensions.
 int ExtensionTypesHandler(REQUEST* r, CONSOLEPROPERTIES* c);

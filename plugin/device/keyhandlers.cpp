@@ -7,6 +7,7 @@
 #include "handlerkit.h"
 #include "handlers.h"
 #include "partner.h"
+#include "../keys/keycatalogue.h"
 
 #include "../../base/banned.h"
 
@@ -81,11 +82,49 @@ int OptionStateHandler(REQUEST* r, CONSOLEPROPERTIES* c, int special)
     return 1;
 }
 
+// The message category a key's function pages into, or -1.
+int PagingCategory(int32_t functionId)
+{
+    switch (KeyFamily(functionId)) {
+    case FAMILY_ALARM: return 0;     // "ALARMS"
+    case FAMILY_CHIME: return 1;     // "CHIMES"
+    case FAMILY_TALK: return 2;      // "ANNOUNCEMENTS"
+    case FAMILY_EVAC: return 3;      // "EVAC MESSAGES"
+    case FAMILY_BUSINESS: return 4;  // "BUSINESS MESSAGES"
+    default: return -1;
+    }
+}
+
 constexpr auto kKeys = MakeFamily<KeyHandler, CONSOLE_KEY_COUNT>();
 constexpr auto kNumericKeys = MakeFamily<NumericKeyHandler, CONSOLE_NUMERICKEY_COUNT>();
 constexpr auto kOptionStates = MakeFamily<OptionStateHandler, 3>();
 
 }  // namespace
+
+// The keys that page, by category: "ALARMS:key005,key017;CHIMES:;..." in the
+// categories' order. Read only.
+int PagingListHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+{
+    if (!IsRead(r, REQTYPE_TEXT))
+        return 0;
+    char* text = TextOf(r);
+    text[0] = '\0';
+    for (int category = 0; category < MESSAGECATEGORY_COUNT; category++) {
+        AppendText(text, REQUEST_TEXT_SIZE, category ? ";" : "");
+        AppendText(text, REQUEST_TEXT_SIZE, kMessageCategories[category]);
+        AppendText(text, REQUEST_TEXT_SIZE, ":");
+        bool first = true;
+        for (int key = 0; key < CONSOLE_KEY_COUNT; key++) {
+            if (PagingCategory(c->m_keys[key].functionId) != category)
+                continue;
+            char name[16];
+            FormatText(name, sizeof name, "%skey%03d", first ? "" : ",", key);
+            AppendText(text, REQUEST_TEXT_SIZE, name);
+            first = false;
+        }
+    }
+    return 1;
+}
 
 KEYWORDHANDLER KeyMemberHandler(int key)
 {

@@ -89,7 +89,7 @@ TEST(Console, BadLinesAreReportedAndChangeNothing)
     EXPECT_EQ(design.Get("ORNCST_1", "priority"), "3");
     const std::vector<std::string> output = design.Output();
     EXPECT_TRUE(Contains(output, "Error reading line priority"));
-    EXPECT_TRUE(Contains(output, "Not implemented GetCSTPagingList"));
+    EXPECT_TRUE(Contains(output, "Error reading line GetCSTPagingList"));  // read only
     EXPECT_EQ(std::count(output.begin(), output.end(), "Error reading line priority"), 2);
 }
 

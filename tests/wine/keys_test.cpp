@@ -47,6 +47,15 @@ TEST(Keys, RecordsLoadAndReadBackNormalised)
     EXPECT_EQ(notText, 5);
 }
 
+TEST(Keys, PagingListGroupsTheKeysByCategory)
+{
+    TESTDESIGN design;
+    design.Load({kConsole, "ORNCST_1*key005=Alarm to Zone,0,1,0,90,7,Hall,", "ORNCST_1*key017=Alarm to Selection,0,0,2,90,1,,",
+                 "ORNCST_1*key119=Talk to Selection,0,0,0,50,0,0,1,", "ORNCST_1*key003=Menu,0"});
+    EXPECT_EQ(design.Get("ORNCST_1", "GetCSTPagingList"),
+              "ALARMS:key005,key017;CHIMES:;ANNOUNCEMENTS:key119;EVAC MESSAGES:;BUSINESS MESSAGES:");
+}
+
 TEST(Keys, TalkKeysFallBackToTheInternalMicrophone)
 {
     TESTDESIGN design;
