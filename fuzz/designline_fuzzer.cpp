@@ -1,4 +1,5 @@
-// Feeds arbitrary bytes to the design-file line and widget attribute parsers. Besides not crashing,
+// Feeds arbitrary bytes to the design-file line and widget attribute parsers
+// and to the firmware entry-name rules. Besides not crashing,
 // a control line that parses must format back into a line that parses to the
 // same fields, and the bounded line halves must never overrun.
 #include <stdint.h>
@@ -10,6 +11,7 @@
 #include "../host/analyze/designtext.h"
 #include "../host/analyze/widgetattributes.h"
 #include "../host/workbench/script.h"
+#include "../plugin/firmware/archiverules.h"
 #include "../plugin/device/designlines.h"
 #include "../base/text.h"
 #include "../base/trace.h"
@@ -71,6 +73,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     SCRIPTCOMMAND command;
     std::string error;
     ParseScriptLine(text, &command, &error);
+
+    // A firmware entry name that passes is relative and never climbs out.
+    if (IsSafeEntryName(text.data(), text.size(), &error) &&
+        (text[0] == '/' || text[0] == '\\' || text.find(':') != std::string::npos || text == ".." ||
+         text.rfind("../", 0) == 0 || text.rfind("..\\", 0) == 0 || text.find("/../") != std::string::npos ||
+         text.find("\\..\\") != std::string::npos))
+        abort();
 
     // A refused attribute leaves the widget as it was.
     WIDGETATTRIBUTES attributes;
