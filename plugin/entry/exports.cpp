@@ -1,24 +1,10 @@
 #include "exports.h"
 
-#include "folderopen.h"
+#include "../firmware/extraction.h"
 #include "module.h"
 
 #include "../../base/trace.h"
 #include "../../base/banned.h"
-
-namespace {
-
-void* OpenStream(const char* path, const char* mode, void*)
-{
-    return fopen(path, mode);
-}
-
-void MakeFolder(const char* path, void*)
-{
-    CreateDirectoryA(path, NULL);
-}
-
-}  // namespace
 
 INT_PTR fnCallback(int code, HOSTINFO* /*host*/, LPARAM /*param*/)
 {
@@ -36,8 +22,7 @@ INT_PTR fnCallback(int code, HOSTINFO* /*host*/, LPARAM /*param*/)
 
 FILE* l_FileOpen(const char* folder, const char* relative, const char* mode)
 {
-    const FOLDEROPENOPS ops = {OpenStream, MakeFolder, nullptr};
-    return static_cast<FILE*>(OpenCreatingFolders(folder, relative, mode, ops));
+    return OpenFileCreatingFolders(folder, relative, mode);
 }
 
 BOOL CALLBACK EnumChildDrawBackground(HWND child, LPARAM)

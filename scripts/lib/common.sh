@@ -11,7 +11,8 @@ log() { printf '== %s\n' "$*" >&2; }
 PACKAGES=(cmake make g++ pkg-config
           g++-mingw-w64-i686 g++-mingw-w64-x86-64 mingw-w64-tools binutils-mingw-w64-i686
           wine wine64 xvfb xauth
-          googletest libgtest-dev clang libclang-rt-14-dev)
+          googletest libgtest-dev clang libclang-rt-14-dev
+          libz-mingw-w64-dev libminizip-dev zlib1g-dev dpkg-dev)
 
 ensure_packages() {
     local missing=() package
@@ -24,6 +25,27 @@ ensure_packages() {
     [ "$(id -u)" -ne 0 ] && sudo=sudo
     $sudo apt-get update -q >/dev/null || return 1
     DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -q --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# minizip's unzip/zip sources from Debian's zlib source package, unpacked once
+# into build/deps (never into the repository). Prints the minizip folder.
+minizip_source() {
+    local deps="$BUILD/deps" found
+    found=$(ls -d "$deps"/zlib-*/contrib/minizip 2>/dev/null | head -n 1)
+    if [ -z "$found" ]; then
+        log "fetching Debian's zlib source package for minizip"
+        local list=/etc/apt/sources.list.d/dovrixc-deb-src.sources sudo=""
+        [ "$(id -u)" -ne 0 ] && sudo=sudo
+        if ! grep -rqs '^Types:.*deb-src' /etc/apt/sources.list.d/ && ! grep -qs '^deb-src' /etc/apt/sources.list; then
+            # The same mirrors as the binary packages, for sources.
+            sed 's/^Types: deb$/Types: deb-src/' /etc/apt/sources.list.d/debian.sources | $sudo tee "$list" >/dev/null
+        fi
+        $sudo apt-get update -q >/dev/null
+        mkdir -p "$deps"
+        (cd "$deps" && apt-get source -q zlib >"$BUILD/deps.log" 2>&1) || { tail -n 20 "$BUILD/deps.log" >&2; return 1; }
+        found=$(ls -d "$deps"/zlib-*/contrib/minizip 2>/dev/null | head -n 1)
+    fi
+    [ -n "$found" ] && printf '%s' "$found"
 }
 
 build_number() {
@@ -42,7 +64,8 @@ configure_and_build() {
 }
 
 build_windows() {
-    configure_and_build "$1" -DCMAKE_TOOLCHAIN_FILE="$ROOT/cmake/mingw-$1.cmake" -DCMAKE_BUILD_TYPE=Release
+    configure_and_build "$1" -DCMAKE_TOOLCHAIN_FILE="$ROOT/cmake/mingw-$1.cmake" -DCMAKE_BUILD_TYPE=Release \
+        -DMINIZIP_SOURCE_DIR="$(minizip_source)"
 }
 
 # A Wine prefix of the build's own, quiet and non-interactive.
