@@ -2,6 +2,8 @@
 // "messagebox: CAPTION: TEXT" and answered at once with its default button.
 #include "workbench.h"
 
+#include "messagebox.h"
+
 #include <stdio.h>
 
 #include "../../base/banned.h"
@@ -18,10 +20,7 @@ LRESULT CALLBACK AnswerMessageBox(int code, WPARAM wParam, LPARAM lParam)
 {
     if (code == HCBT_ACTIVATE) {
         HWND box = (HWND)wParam;
-        char className[16] = "";
-        GetClassNameA(box, className, sizeof className);
-        // A message box is a dialog with its text in control 0xFFFF and no edit field.
-        if (strcmp(className, "#32770") == 0 && GetDlgItem(box, 0xFFFF) && !FindWindowExA(box, NULL, "Edit", NULL)) {
+        if (IsMessageBox(box)) {
             char caption[256] = "", text[2048] = "";
             GetWindowTextA(box, caption, sizeof caption);
             GetDlgItemTextA(box, 0xFFFF, text, sizeof text);

@@ -9,6 +9,7 @@
 
 #include "../../base/text.h"
 #include "../../base/trace.h"
+#include "../../host/workbench/messagebox.h"
 
 namespace {
 
@@ -30,10 +31,7 @@ LRESULT CALLBACK CatchMessageBox(int code, WPARAM wParam, LPARAM lParam)
 {
     if (code == HCBT_ACTIVATE) {
         HWND box = (HWND)wParam;
-        char className[16] = "";
-        GetClassNameA(box, className, sizeof className);
-        // A message box is a dialog with its text in control 0xFFFF and no edit field.
-        if (strcmp(className, "#32770") == 0 && GetDlgItem(box, 0xFFFF) && !FindWindowExA(box, NULL, "Edit", NULL)) {
+        if (IsMessageBox(box)) {
             char text[1024] = "";
             GetDlgItemTextA(box, 0xFFFF, text, sizeof text);  // a message box's text control
             if (Catcher().expecting)

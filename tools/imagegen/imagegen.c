@@ -176,28 +176,34 @@ static int FaceStrip(const char* path, int w, int h, int frames, RGB face, RGB l
 
 static int WidgetBitmaps(const char* root)
 {
-    char path[512];
     const RGB grey = {0.83, 0.82, 0.78}, pale = {0.90, 0.89, 0.86}, blue = {0.74, 0.82, 0.93};
     RGB lamps[3] = {{0.35, 0.35, 0.35}, {0.20, 0.80, 0.25}, {0.85, 0.65, 0.20}};
     RGB dim[3] = {{0.70, 0.70, 0.68}, {0.70, 0.70, 0.68}, {0.70, 0.70, 0.68}};
     RGB led[3] = {{0.40, 0.40, 0.40}, {0.25, 0.90, 0.30}, {0.40, 0.40, 0.40}};
+    /* style: 0 toggle with a lamp, 1 push button, 2 round LED */
+    const struct {
+        const char* file;
+        int w, h, frames;
+        RGB face;
+        RGB* lamps;
+        int style;
+    } faces[] = {
+        {"Controls/_ZELButton.bmp", 90, 16, 3, grey, lamps, 0},
+        {"Controls/_ZELButtonDisabled.bmp", 90, 16, 3, pale, dim, 0},
+        {"Controls/_ZELButtonFIND.bmp", 90, 16, 3, blue, lamps, 0},
+        {"Controls/radiobutton_am_39x13.bmp", 39, 13, 3, grey, lamps, 0},
+        {"Controls/SWITCHBUTTON_118_22.bmp", 118, 22, 3, grey, lamps, 0},
+        {"Controls/PUSHBUTTON_118_22.bmp", 118, 22, 2, grey, lamps, 1},
+        {"templates/Userpanel/id.bmp", 30, 16, 2, grey, lamps, 1},
+        {"templates/Userpanel/online.bmp", 11, 11, 2, grey, led, 2},
+    };
     int failures = 0;
-    snprintf(path, sizeof path, "%s/Controls/_ZELButton.bmp", root);
-    failures += FaceStrip(path, 90, 16, 3, grey, lamps, 0);
-    snprintf(path, sizeof path, "%s/Controls/_ZELButtonDisabled.bmp", root);
-    failures += FaceStrip(path, 90, 16, 3, pale, dim, 0);
-    snprintf(path, sizeof path, "%s/Controls/_ZELButtonFIND.bmp", root);
-    failures += FaceStrip(path, 90, 16, 3, blue, lamps, 0);
-    snprintf(path, sizeof path, "%s/Controls/radiobutton_am_39x13.bmp", root);
-    failures += FaceStrip(path, 39, 13, 3, grey, lamps, 0);
-    snprintf(path, sizeof path, "%s/Controls/SWITCHBUTTON_118_22.bmp", root);
-    failures += FaceStrip(path, 118, 22, 3, grey, lamps, 0);
-    snprintf(path, sizeof path, "%s/Controls/PUSHBUTTON_118_22.bmp", root);
-    failures += FaceStrip(path, 118, 22, 2, grey, lamps, 1);
-    snprintf(path, sizeof path, "%s/templates/Userpanel/id.bmp", root);
-    failures += FaceStrip(path, 30, 16, 2, grey, lamps, 1);
-    snprintf(path, sizeof path, "%s/templates/Userpanel/online.bmp", root);
-    failures += FaceStrip(path, 11, 11, 2, grey, led, 2);
+    for (size_t i = 0; i < sizeof faces / sizeof faces[0]; i++) {
+        char path[512];
+        snprintf(path, sizeof path, "%s/%s", root, faces[i].file);
+        failures += FaceStrip(path, faces[i].w, faces[i].h, faces[i].frames, faces[i].face, faces[i].lamps,
+                              faces[i].style);
+    }
     return failures;
 }
 
