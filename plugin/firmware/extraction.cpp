@@ -54,17 +54,17 @@ void StampFile(const char* path, uLong dosDate)
 // its bound.
 bool CopyEntry(unzFile zip, FILE* out, uint64_t declared, uint64_t* total)
 {
-    static char chunk[kChunkSize];
+    std::vector<char> chunk(kChunkSize);
     uint64_t copied = 0;
     for (;;) {
-        const int got = unzReadCurrentFile(zip, chunk, (unsigned)sizeof chunk);
+        const int got = unzReadCurrentFile(zip, chunk.data(), (unsigned)chunk.size());
         if (got == 0)
             return copied == declared;
         if (got < 0)
             return false;
         copied += (uint64_t)got;
         *total += (uint64_t)got;
-        if (!WithinExtractionLimits(0, *total) || fwrite(chunk, 1, (size_t)got, out) != (size_t)got)
+        if (!WithinExtractionLimits(0, *total) || fwrite(chunk.data(), 1, (size_t)got, out) != (size_t)got)
             return false;
     }
 }
