@@ -202,6 +202,43 @@ bool SplitPorts(const std::string& text, std::vector<std::string>* ports)
     return true;
 }
 
+struct CONSOLESEARCH {
+    int number;
+    const CONTROLLER* controller;
+    std::string found;
+};
+
+BOOL FindConsoleByNumber(HOSTINFO* obj, void* context)
+{
+    CONSOLESEARCH* search = static_cast<CONSOLESEARCH*>(context);
+    auto device = search->controller->devices.find(obj->m_szName);
+    if (obj->m_nConsoleNumber != search->number || device == search->controller->devices.end() ||
+        !device->second.connected)
+        return TRUE;
+    search->found = obj->m_szName;
+    return FALSE;
+}
+
+bool StartUpload(CONTROLLER* c, const std::string& text)
+{
+    UPLOADREQUEST request;
+    if (!ParseUploadRequest(text, &request))
+        return false;
+    CONSOLESEARCH search = {request.console, c, std::string()};
+    a_EnumHostinfo(FindConsoleByNumber, &search);
+    bool refused = search.found.empty() || request.password != c->password;
+    for (const std::string& file : request.files)
+        refused = refused || GetFileAttributesA(file.c_str()) == INVALID_FILE_ATTRIBUTES;
+    c->upload.active = true;
+    c->upload.refused = refused;
+    c->upload.applied = false;
+    c->upload.request = request;
+    c->upload.console = search.found;
+    c->upload.start = a_GetTickCount();
+    c->upload.overall = 1;
+    return true;
+}
+
 }  // namespace
 
 LRESULT CONSOLEMODULE::OnMessage(WPARAM wParam, LPARAM request)
@@ -255,6 +292,48 @@ bool CONTROLLER::FaultLed() const
     return false;
 }
 
+// The firmware-update variables: the start request (text, write), the
+// overall state (read), and the answer to the password (text, read).
+LRESULT CONTROLLER::UploadRequest(REQUEST* r, const std::string& name)
+{
+    r->index = 1;
+    if (r->operation == REQ_LOOKUP)
+        return 1;
+    if (!r->value)
+        return 0;
+    if (name == "ZEL4000.FirmwareUpdate")
+        return r->operation == REQ_WRITE && r->type == REQTYPE_TEXT &&
+               StartUpload(this, static_cast<const char*>(r->value));
+    if (r->operation != REQ_READ)
+        return 0;
+    if (name == "ZEL4000.FirmwareUpdateState")
+        return GiveValue(r, upload.overall);
+    return r->type == REQTYPE_TEXT && FormatText(static_cast<char*>(r->value), REQUEST_TEXT_SIZE, "%s",
+                                                 "Password required");
+}
+
+void CONTROLLER::AdvanceUpload()
+{
+    if (!upload.active)
+        return;
+    const UPLOADSTATE state =
+        UploadStateAt(a_GetTickCount() - upload.start, (int)upload.request.files.size(), upload.refused);
+    upload.overall = state.overall;
+    SIMDEVICE* device = upload.console.empty() ? nullptr : Device(upload.console, false);
+    if (device) {
+        device->Write("FlashProgramState", state.flashState, a_GetTickCount());
+        device->Write("FlashProgramPercent", state.flashPercent, a_GetTickCount());
+    }
+    if (state.overall == 5 && device && !upload.applied) {
+        int minor = 0;
+        device->Read("FirmwareRevision6", a_GetTickCount(), &minor);
+        device->Write("FirmwareRevision6", minor + 1, a_GetTickCount());  // the new firmware's version
+        upload.applied = true;
+    }
+    if (state.overall >= 5)
+        upload.active = false;
+}
+
 bool CONTROLLER::Simulate(const std::string& variable, int value)
 {
     VARIABLE v = Resolve(this, std::string(m_szName) + "." + variable);
@@ -290,6 +369,10 @@ LRESULT CONTROLLER::OnMessage(WPARAM wParam, LPARAM lParam)
     if (!r || deleted)
         return 0;
     const std::string name = RequestName(r);
+    AdvanceUpload();
+    if (name == "ZEL4000.FirmwareUpdate" || name == "ZEL4000.FirmwareUpdateState" ||
+        name == std::string(m_szName) + ".passwdValidationResponse")
+        return UploadRequest(r, name);
     if (name == kAddAlarmId) {
         HOSTINFO* root = a_FindRootHostinfo(this);
         return root && root != this ? root->OnMessage(wParam, lParam) : 0;
@@ -392,6 +475,9 @@ LRESULT CONTROLLER::OnLoad(WPARAM, LPARAM lParam)
         ok = ParseInt(value.c_str(), &number);
         if (ok)
             localSource = number != 0;
+    } else if (keyword == "password") {
+        password = value;
+        ok = true;
     } else if (keyword == "device") {
         // "CONSOLE word=value word=value ..."
         const size_t blank = value.find(' ');
@@ -426,6 +512,8 @@ LRESULT CONTROLLER::OnSave(WPARAM pass, LPARAM lParam)
     WriteLine(file, name + "*ports=" + JoinPorts(ports) + "\r\n");
     WriteLine(file, name + "*baudrate=" + std::to_string(baudrate) + "\r\n");
     WriteLine(file, name + "*localSource=" + std::to_string(localSource) + "\r\n");
+    if (password != "ZEL4000")
+        WriteLine(file, name + "*password=" + password + "\r\n");
     for (const auto& device : devices) {
         const std::string state = device.second.StateText();
         if (!state.empty())

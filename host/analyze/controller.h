@@ -10,6 +10,7 @@
 
 #include "analyze.h"
 #include "simdevice.h"
+#include "simupload.h"
 
 class CONTROLLER;
 
@@ -45,6 +46,10 @@ public:
     SIMDEVICE* Device(const std::string& console, bool create);
     // Sets a variable as the device itself would change it (simulation).
     bool Simulate(const std::string& variable, int value);
+    // The firmware-update variables of the controller.
+    LRESULT UploadRequest(REQUEST* r, const std::string& name);
+    // Brings the upload's states up to the host's time.
+    void AdvanceUpload();
 
     std::vector<std::string> ports;
     int baudrate = 125;
@@ -53,6 +58,16 @@ public:
     int online = 1;       // the controller's own link
     std::map<std::string, SIMDEVICE> devices;  // by console object name
     CONSOLEMODULE module;
+    std::string password = "ZEL4000";  // the firmware-update password
+    struct {
+        bool active = false;
+        bool refused = false;  // a wrong password or a missing file
+        bool applied = false;  // the new firmware is in the device
+        UPLOADREQUEST request;
+        std::string console;   // the console being updated
+        uint32_t start = 0;
+        int overall = 0;       // "ZEL4000.FirmwareUpdateState"
+    } upload;
     // Set when the controller's window is gone: consoles may still hold the
     // object as their partner, so it stays allocated until the design closes
     // and answers no request.

@@ -30,6 +30,7 @@ public:
     std::vector<std::string> output;
     HOSTINFO* selection = nullptr;   // the object the user selected
     WORD mode = 0;                   // the objects' mode word: 0 run, 1 design
+    int objectsAdded = 0;            // numbers the objects: their m_nConsoleNumber
     // Deleted controllers: their windows are gone, but consoles may still
     // point to them; freed with the design.
     std::vector<CONTROLLER*> retired;

@@ -56,8 +56,10 @@ BOOL a_AddHostinfo(HOSTINFO* host, HOSTINFO* obj)
     DESIGN* design = DesignOf(host);
     if (!design || !obj)
         return FALSE;
-    if (std::find(design->objects.begin(), design->objects.end(), obj) == design->objects.end())
+    if (std::find(design->objects.begin(), design->objects.end(), obj) == design->objects.end()) {
         design->objects.push_back(obj);
+        obj->m_nConsoleNumber = ++design->objectsAdded;
+    }
     obj->m_wMode = design->mode;
     return TRUE;
 }

@@ -201,7 +201,7 @@ public:
     WORD m_wKind;                 // the object's kind, as the host counts them
     WORD m_wMode;                 // the design surface's mode (0 = run)
     int m_nHostField500;          // set to 500 when a device canvas is created
-    int m_nConsoleNumber;         // the console's number in its family
+    int m_nConsoleNumber;         // the object's number in its design, given by the host
 
 private:
     void CopyFields(const HOSTINFO& other)
@@ -311,7 +311,7 @@ typedef BOOL (*HOSTINFOVISITOR)(HOSTINFO* obj, void* context);
 ANALYZE_API BOOL a_EnumHostinfo(HOSTINFOVISITOR visit, void* context);
 // Fills the object's base fields from its window and the creation record.
 ANALYZE_API BOOL a_InitializeHostinfo(HOSTINFO* obj, HWND hwnd, const HOSTCREATE* create);
-// Adds obj to the objects of its host object.
+// Adds obj to the objects of its host object, and numbers it.
 ANALYZE_API BOOL a_AddHostinfo(HOSTINFO* host, HOSTINFO* obj);
 // Tells the design that obj exists and may now be addressed by name.
 ANALYZE_API void a_HostinfoCreated(HOSTINFO* root, HOSTINFO* obj);

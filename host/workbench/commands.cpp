@@ -149,32 +149,6 @@ bool TooltipText(HWND canvas, char* text, int size)
     return search.found && WideCharToMultiByte(CP_ACP, 0, wide, -1, text, size, NULL, NULL) > 0;
 }
 
-struct TITLESEARCH {
-    const char* title;
-    HWND found;
-};
-
-BOOL CALLBACK MatchTitle(HWND window, LPARAM context)
-{
-    TITLESEARCH* search = reinterpret_cast<TITLESEARCH*>(context);
-    char title[HOSTNAME_SIZE + 32] = "";
-    GetWindowTextA(window, title, sizeof title);
-    if (strcmp(title, search->title) != 0)
-        return TRUE;
-    search->found = window;
-    return FALSE;
-}
-
-// A console's configuration window carries "NAME - Configuration" as its title.
-HWND FindConfigurationWindow(HOSTINFO* obj)
-{
-    char title[HOSTNAME_SIZE + 32];
-    FormatText(title, sizeof title, "%s - Configuration", obj->m_szName);
-    TITLESEARCH search = {title, NULL};
-    EnumThreadWindows(GetCurrentThreadId(), MatchTitle, (LPARAM)&search);
-    return search.found;
-}
-
 // Moves the cursor over the canvas, as a user would, so that the canvas
 // builds its tip and, when the window is on screen, the tip shows.
 bool ShowTooltip(WORKBENCH* bench, const SCRIPTCOMMAND& command)
@@ -334,7 +308,44 @@ bool PrintAlarmSources(WORKBENCH* bench)
     return true;
 }
 
+bool Firmware(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
+    HOSTINFO* obj = FindObject(command);
+    return obj && RunFirmwareUpdate(bench, obj, command.text, command.typed);
+}
+
 }  // namespace
+
+namespace {
+
+struct TITLESEARCH {
+    const char* title;
+    HWND found;
+};
+
+BOOL CALLBACK MatchTitle(HWND window, LPARAM context)
+{
+    TITLESEARCH* search = reinterpret_cast<TITLESEARCH*>(context);
+    char title[HOSTNAME_SIZE + 32] = "";
+    GetWindowTextA(window, title, sizeof title);
+    if (strcmp(title, search->title) != 0)
+        return TRUE;
+    search->found = window;
+    return FALSE;
+}
+
+}  // namespace
+
+// A console's configuration window carries "NAME - Configuration" as its title.
+HWND FindConfigurationWindow(HOSTINFO* obj)
+{
+    char title[HOSTNAME_SIZE + 32];
+    FormatText(title, sizeof title, "%s - Configuration", obj->m_szName);
+    TITLESEARCH search = {title, NULL};
+    EnumThreadWindows(GetCurrentThreadId(), MatchTitle, (LPARAM)&search);
+    return search.found;
+}
+
 
 bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command)
 {
@@ -392,6 +403,9 @@ bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command)
             fprintf(stderr, "workbench: no object %s\n", command.object.c_str());
             ok = false;
         }
+        break;
+    case SCRIPT_FIRMWARE:
+        ok = Firmware(bench, command);
         break;
     case SCRIPT_EDIT:
         ok = EditProperty(bench, command);

@@ -132,6 +132,13 @@ bool ParseScriptLine(const std::string& rawLine, SCRIPTCOMMAND* command, std::st
         command->typed = second == std::string::npos ? std::string() : Trimmed(tail.substr(second));
         return true;
     }
+    if (verb == "firmware") {
+        std::string head, object;
+        if (!LastWord(rest, &head, &command->typed) || !LastWord(head, &command->object, &command->text))
+            return Fail(error, "firmware needs OBJECT PACKAGE PASSWORD");
+        command->verb = SCRIPT_FIRMWARE;
+        return true;
+    }
     if (verb == "click" || verb == "read") {
         if (!LastWord(rest, &command->object, &command->text))
             return Fail(error, verb + " needs OBJECT WIDGET");

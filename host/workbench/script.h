@@ -12,6 +12,7 @@
 //   menu OBJ                prints the object's context menu, an item a line
 //   select OBJ              selects the object; the property list shows it
 //   edit OBJ KEYWORD VALUE  types VALUE into OBJ's row KEYWORD of the property list
+//   firmware OBJ PACKAGE PASSWORD  runs OBJ's firmware update, printing its states
 //   drag OBJ DX DY          drags the object by DX, DY with the mouse
 //   design on|off           edits the design (objects hand the mouse to the surface) or runs it
 //   widgets OBJ             builds a page of every widget kind bound to OBJ ("shot page:OBJ")
@@ -57,6 +58,7 @@ enum SCRIPTVERB {
     SCRIPT_CLICK,
     SCRIPT_READ,
     SCRIPT_EDIT,
+    SCRIPT_FIRMWARE,
 };
 
 struct SCRIPTCOMMAND {

@@ -88,6 +88,11 @@ void AnswerMessageBoxes();
 void Tick(int milliseconds);
 void TickObjects();
 
+// A console's configuration window ("NAME - Configuration"), or null.
+HWND FindConfigurationWindow(HOSTINFO* obj);
+// Runs the console's firmware update with a package of its family's folder.
+bool RunFirmwareUpdate(WORKBENCH* bench, HOSTINFO* console, const std::string& package, const std::string& password);
+
 // Pictures as PNG files (capture.cpp): a window's client area drawn by the
 // window and its children themselves, or the screen under a top-level window.
 bool SaveWindowPicture(HWND window, const char* path);

@@ -1,7 +1,10 @@
 #include "configurationdialog.h"
 
 #include "../device/consoleproperties.h"
+#include "../controls/flatcontrols.h"
 #include "../entry/module.h"
+#include "../firmware/updatedialog.h"
+#include "../resources/resource.h"
 
 #include "../../base/text.h"
 #include "../../base/trace.h"
@@ -29,6 +32,9 @@ LRESULT Configuration_Create(HWND hwnd, const CREATESTRUCTA* create)
 {
     CONFIGURATIONSTATE* state = new CONFIGURATIONSTATE{static_cast<CONSOLEPROPERTIES*>(create->lpCreateParams), true};
     SetWindowLongPtrA(hwnd, GWLP_USERDATA, (LONG_PTR)state);
+    HWND update = CreateWindowExA(0, "BUTTON", "UPDATE", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, 891, 570,
+                                  100, 18, hwnd, (HMENU)(INT_PTR)IDC_CONFIGURATION_UPDATE, ModuleInstance(), NULL);
+    SendMessageA(update, WM_SETFONT, (WPARAM)a_GetFont("MS Sans Serif,8"), FALSE);
     Trace("%s: the configuration pages are not implemented yet\n", state->console ? state->console->m_szName : "");
     return 0;
 }
@@ -42,7 +48,7 @@ void Configuration_Draw(HWND hwnd, CONFIGURATIONSTATE* state, HDC hdc)
     SetBkMode(hdc, TRANSPARENT);
     Selection font(hdc, GetStockObject(DEFAULT_GUI_FONT));
     char text[256];
-    FormatText(text, sizeof text, "%s is %s.\nIts configuration pages are not implemented yet.",
+    FormatText(text, sizeof text, "%s is %s.\nIts configuration pages are not implemented yet; UPDATE runs the firmware update.",
                state->console ? state->console->m_szName : "The console", state->offline ? "offline" : "online");
     RECT box = client;
     InflateRect(&box, -24, -24);
@@ -92,6 +98,14 @@ LRESULT CALLBACK ConfigurationDialogWndProc(HWND hwnd, UINT message, WPARAM wPar
         return 0;
     case WM_ERASEBKGND:
         return 1;
+    case WM_COMMAND:
+        // The firmware update runs only for an online console.
+        if (LOWORD(wParam) == IDC_CONFIGURATION_UPDATE && state->console && state->console->IsOnline())
+            RunFirmwareUpdate(ModuleInstance(), hwnd, state->console);
+        return 0;
+    case WM_DRAWITEM:
+        DrawOwnerPushButton(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+        return TRUE;
     case WM_USER + 16:  // the console went offline (lParam 1) or online (0)
         state->offline = lParam != 0;
         InvalidateRect(hwnd, NULL, FALSE);

@@ -7,9 +7,14 @@
 
 enum { PASSWORD_LENGTH = 16 };
 
-// The caller's record: the password typed, when the prompt ends with OK.
+class HOSTINFO;
+
+// The caller's record: the password typed, when the prompt ends with OK;
+// the controller asked and the value type it takes (5) come with it.
 struct PASSWORDREQUEST {
     char password[PASSWORD_LENGTH + 1];
+    HOSTINFO* controller;
+    int type;
 };
 
 INT_PTR CALLBACK PasswordPromptProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);

@@ -68,6 +68,19 @@ build_windows() {
         -DMINIZIP_SOURCE_DIR="$(minizip_source)"
 }
 
+# The sample firmware packages beside each Windows build's workbench, written
+# by the native build's makepackages.
+sample_packages() {
+    local tool="$BUILD/native/makepackages" bin
+    if [ ! -x "$tool" ]; then
+        configure_and_build native -DCMAKE_BUILD_TYPE=Debug || return 1
+    fi
+    for bin in "$BUILD"/x86_64/bin "$BUILD"/i686/bin; do
+        [ -d "$bin" ] && { "$tool" "$bin" || return 1; }
+    done
+    return 0
+}
+
 # A Wine prefix of the build's own, quiet and non-interactive.
 wine_env() {
     export WINEPREFIX="$BUILD/wineprefix"

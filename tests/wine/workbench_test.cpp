@@ -230,3 +230,34 @@ TEST(Workbench, PropertyListEditsAreWrittenOrReported)
         << run.out;
     EXPECT_NE(run.err.find("ELKCST_2 has no editable row layer"), std::string::npos) << run.err;
 }
+
+TEST(Workbench, FirmwareUpdateRunsToItsEnd)
+{
+    char temp[MAX_PATH];
+    GetTempPathA(sizeof temp, temp);
+    const std::string script = WriteScript("tick 1100\n"
+                                           "firmware ORNCST_1 CST_GOOD.ZIP ZEL4000\n"
+                                           "get ORNCST_1 Firmware.Revision\n"
+                                           "firmware ORNCST_1 CST_TRAVERSAL.ZIP ZEL4000\n"
+                                           "firmware ORNCST_1 CST_NOFONT.ZIP wrong\n"
+                                           "firmware ORNCST_1 CST_NODB.ZIP ZEL4000\n"
+                                           "firmware ORNCST_1 CST_CORRUPT.ZIP ZEL4000\n"
+                                           "firmware ORNCST_4 CST_GOOD.ZIP ZEL4000\n");
+    const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
+    const size_t success = run.out.find("Firmware update successfully completed\n");
+    EXPECT_NE(run.out.find("Uploading files to device\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("File-3: "), std::string::npos) << run.out;
+    ASSERT_NE(success, std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("Firmware.Revision=V3.4.3\n", success), std::string::npos) << run.out;
+    const std::string corrupt = "messagebox: DOVRIXC: Firmware file is corrupt!\n";
+    size_t corrupts = 0;
+    for (size_t at = run.out.find(corrupt); at != std::string::npos; at = run.out.find(corrupt, at + 1))
+        corrupts++;
+    EXPECT_EQ(corrupts, 3u) << run.out;  // traversal, no database, truncated
+    EXPECT_NE(run.out.find("Firmware update failed!\n"), std::string::npos) << run.out;  // the wrong password
+    EXPECT_NE(run.err.find("ORNCST_4 is not online"), std::string::npos) << run.err;
+    // Nothing is left behind, and nothing was written outside the temporary folder.
+    for (const char* leftover : {"firmware\\CST_FW_3.5.0.bin", "CST_FW_3.5.0.bin", "ZEL4k_DB_12.dat",
+                                 "fonts\\ZEL4k_FONT_2.fnt", "..\\..\\EVIL.bin", "..\\EVIL.bin"})
+        EXPECT_EQ(GetFileAttributesA((std::string(temp) + leftover).c_str()), INVALID_FILE_ATTRIBUTES) << leftover;
+}

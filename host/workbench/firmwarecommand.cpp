@@ -1,0 +1,98 @@
+// "firmware OBJ PACKAGE PASSWORD": runs the console's firmware update as a
+// user would: UPDATE in the configuration window, the package chosen, START
+// UPDATE, the password typed; each state text is printed as it changes, and
+// CLOSE is pressed when the dialog is idle again.
+#include "workbench.h"
+
+#include <stdio.h>
+
+#include "../../base/banned.h"
+
+namespace {
+
+const int kUpdateButton = 6063;  // the configuration window's "UPDATE"
+const int kPackageList = 1054;
+const int kStateText = 1029;
+const int kStartButton = 1058;
+const int kPasswordField = 2016;
+const UINT_PTR kWatchTimer = 0x7E57;
+
+struct FIRMWARERUN {
+    std::string package;
+    std::string password;
+    HWND dialog = NULL;
+    bool started = false;
+    int idleTicks = 0;
+    std::string shown;
+    HHOOK hook = NULL;
+};
+
+// Hooks and timer procedures take no context: the one run there can be.
+FIRMWARERUN* g_run = nullptr;
+
+void CALLBACK Watch(HWND dialog, UINT, UINT_PTR, DWORD)
+{
+    char text[512] = "";
+    GetDlgItemTextA(dialog, kStateText, text, sizeof text);
+    if (text[0] && g_run->shown != text) {
+        printf("%s\n", text);
+        fflush(stdout);
+        g_run->shown = text;
+    }
+    // Idle again: the dialog takes input and START UPDATE is enabled.
+    const bool idle = IsWindowEnabled(dialog) && IsWindowEnabled(GetDlgItem(dialog, kStartButton));
+    g_run->idleTicks = idle ? g_run->idleTicks + 1 : 0;
+    if (g_run->started && g_run->idleTicks > 2) {
+        KillTimer(dialog, kWatchTimer);
+        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    }
+}
+
+LRESULT CALLBACK DriveDialogs(int code, WPARAM wParam, LPARAM lParam)
+{
+    if (code == HCBT_ACTIVATE && g_run) {
+        HWND window = (HWND)wParam;
+        char title[64] = "";
+        GetWindowTextA(window, title, sizeof title);
+        if (strcmp(title, "FIRMWARE UPDATE") == 0 && !g_run->dialog) {
+            g_run->dialog = window;
+            if (SendDlgItemMessageA(window, kPackageList, CB_SELECTSTRING, (WPARAM)-1,
+                                    (LPARAM)g_run->package.c_str()) == CB_ERR) {
+                fprintf(stderr, "workbench: no package %s\n", g_run->package.c_str());
+                PostMessageA(window, WM_COMMAND, IDCANCEL, 0);
+            } else {
+                SetTimer(window, kWatchTimer, 50, Watch);
+                PostMessageA(window, WM_COMMAND, MAKEWPARAM(kStartButton, BN_CLICKED),
+                             (LPARAM)GetDlgItem(window, kStartButton));
+                g_run->started = true;
+            }
+        } else if (strcmp(title, "Enter Password") == 0) {
+            SetDlgItemTextA(window, kPasswordField, g_run->password.c_str());
+            PostMessageA(window, WM_COMMAND, IDOK, 0);
+        }
+    }
+    return CallNextHookEx(g_run ? g_run->hook : NULL, code, wParam, lParam);
+}
+
+}  // namespace
+
+bool RunFirmwareUpdate(WORKBENCH* bench, HOSTINFO* console, const std::string& package, const std::string& password)
+{
+    SendMessageA(console->m_hWnd, WM_HOST_CONTEXTCOMMAND, 0, 1);  // "Configuration"
+    HWND configuration = FindConfigurationWindow(console);
+    if (!configuration)
+        return false;
+    FIRMWARERUN run;
+    run.package = package;
+    run.password = password;
+    g_run = &run;
+    run.hook = SetWindowsHookExA(WH_CBT, DriveDialogs, NULL, GetCurrentThreadId());
+    SendMessageA(configuration, WM_COMMAND, MAKEWPARAM(kUpdateButton, BN_CLICKED),
+                 (LPARAM)GetDlgItem(configuration, kUpdateButton));
+    UnhookWindowsHookEx(run.hook);
+    g_run = nullptr;
+    (void)bench;
+    if (!run.dialog)
+        fprintf(stderr, "workbench: %s is not online: UPDATE opens nothing\n", console->m_szName);
+    return run.dialog && run.started;
+}
