@@ -126,6 +126,24 @@ LRESULT DialogColours(UINT message, HDC hdc)
     }
 }
 
+bool FlatDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, INT_PTR* result)
+{
+    switch (message) {
+    case WM_DRAWITEM:
+        DrawOwnerPushButton(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+        *result = TRUE;
+        return true;
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORBTN:
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORDLG:
+        *result = (INT_PTR)DialogColours(message, (HDC)wParam);
+        return true;
+    default:
+        return false;
+    }
+}
+
 void PaintFlatCombo(HWND combo, HDC hdc)
 {
     RECT client;

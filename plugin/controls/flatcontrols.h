@@ -11,6 +11,10 @@ void DrawOwnerPushButton(const DRAWITEMSTRUCT* item);
 // dialog: the colour set on the DC and the host's brush; 0 for other messages.
 LRESULT DialogColours(UINT message, HDC hdc);
 
+// The flat look of a dialog: its owner-drawn buttons and its colours. True
+// with the dialog procedure's answer in result when the message was one of them.
+bool FlatDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, INT_PTR* result);
+
 // Paints a combo box flat: yellow field, selection text, arrow button.
 void PaintFlatCombo(HWND combo, HDC hdc);
 

@@ -41,6 +41,9 @@ void Prompt_Ok(HWND dialog)
 
 INT_PTR CALLBACK PasswordPromptProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    INT_PTR flat = 0;
+    if (FlatDialogMessage(message, wParam, lParam, &flat))
+        return flat;
     switch (message) {
     case WM_INITDIALOG:
         Prompt_Init(dialog, reinterpret_cast<PASSWORDREQUEST*>(lParam));
@@ -51,14 +54,6 @@ INT_PTR CALLBACK PasswordPromptProc(HWND dialog, UINT message, WPARAM wParam, LP
         else if (LOWORD(wParam) == IDCANCEL)
             EndDialog(dialog, IDCANCEL);
         return TRUE;
-    case WM_DRAWITEM:
-        DrawOwnerPushButton(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
-        return TRUE;
-    case WM_CTLCOLOREDIT:
-    case WM_CTLCOLORBTN:
-    case WM_CTLCOLORSTATIC:
-    case WM_CTLCOLORDLG:
-        return (INT_PTR)DialogColours(message, (HDC)wParam);
     default:
         return FALSE;
     }

@@ -198,14 +198,12 @@ void Update_Poll(HWND dialog, UPDATEDIALOG* state)
         CleanUp(dialog, state);
 }
 
-INT_PTR Update_Colours(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
+// The state text and the notice are red on the dialog's flat colours.
+void Update_AlertColour(UINT message, WPARAM wParam, LPARAM lParam)
 {
     const int id = GetDlgCtrlID((HWND)lParam);
-    const LRESULT brush = DialogColours(message, (HDC)wParam);
     if (message == WM_CTLCOLORSTATIC && (id == IDC_FIRMWARE_STATE || id == IDC_FIRMWARE_NOTICE))
         SetTextColor((HDC)wParam, kAlertText);
-    (void)dialog;
-    return (INT_PTR)brush;
 }
 
 void Update_Destroy(HWND dialog, UPDATEDIALOG* state)
@@ -228,6 +226,11 @@ INT_PTR CALLBACK FirmwareUpdateDialogProc(HWND dialog, UINT message, WPARAM wPar
     UPDATEDIALOG* state = StateOf(dialog);
     if (!state)
         return FALSE;
+    INT_PTR flat = 0;
+    if (FlatDialogMessage(message, wParam, lParam, &flat)) {
+        Update_AlertColour(message, wParam, lParam);
+        return flat;
+    }
     switch (message) {
     case WM_COMMAND:
         if (LOWORD(wParam) == IDC_FIRMWARE_START && HIWORD(wParam) == BN_CLICKED)
@@ -239,14 +242,6 @@ INT_PTR CALLBACK FirmwareUpdateDialogProc(HWND dialog, UINT message, WPARAM wPar
         if (wParam == kUploadTimer)
             Update_Poll(dialog, state);
         return TRUE;
-    case WM_DRAWITEM:
-        DrawOwnerPushButton(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
-        return TRUE;
-    case WM_CTLCOLOREDIT:
-    case WM_CTLCOLORBTN:
-    case WM_CTLCOLORSTATIC:
-    case WM_CTLCOLORDLG:
-        return Update_Colours(dialog, message, wParam, lParam);
     case WM_DESTROY:
         Update_Destroy(dialog, state);
         return TRUE;

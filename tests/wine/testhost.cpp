@@ -8,7 +8,6 @@
 #include <sstream>
 
 #include "../../base/text.h"
-#include "../../base/trace.h"
 #include "../../host/workbench/messagebox.h"
 
 namespace {
@@ -214,15 +213,4 @@ std::vector<DWORD> WindowPixels(HWND window, int* width)
     if (width)
         *width = client.right;
     return pixels;
-}
-
-// The plug-in code the tests link in traces through the host, as in the DLL.
-void Trace(const char* format, ...)
-{
-    char text[4096];
-    va_list args;
-    va_start(args, format);
-    FormatTextV(text, sizeof text, format, args);
-    va_end(args);
-    TRACE("%s", text);
 }
