@@ -29,6 +29,24 @@ bool FormatText(char* buf, size_t size, const char* format, ...)
     return fitted;
 }
 
+std::string FormatString(const char* format, ...)
+{
+    va_list args;
+    va_start(args, format);
+    va_list measure;
+    va_copy(measure, args);
+    const int length = vsnprintf(nullptr, 0, format, measure);
+    va_end(measure);
+    std::string text;
+    if (length > 0) {
+        text.resize((size_t)length + 1);
+        vsnprintf(&text[0], text.size(), format, args);
+        text.resize((size_t)length);
+    }
+    va_end(args);
+    return text;
+}
+
 bool CopyTextN(char* dst, size_t size, const char* src, size_t count)
 {
     if (!dst || size == 0)

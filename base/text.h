@@ -7,6 +7,8 @@
 #include <stdio.h>
 #include <string.h>
 
+#include <string>
+
 #if defined(__MINGW32__)
 #define TEXT_PRINTF(f, a) __attribute__((format(gnu_printf, f, a)))
 #elif defined(__GNUC__)
@@ -19,6 +21,9 @@
 // fit; buf then holds the truncated, terminated text.
 bool FormatText(char* buf, size_t size, const char* format, ...) TEXT_PRINTF(3, 4);
 bool FormatTextV(char* buf, size_t size, const char* format, va_list args);
+
+// Formats into a string of whatever length the text needs.
+std::string FormatString(const char* format, ...) TEXT_PRINTF(1, 2);
 
 // Copies src into dst (size bytes, size > 0), truncating. Returns false when
 // src did not fit.

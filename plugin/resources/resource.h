@@ -8,6 +8,53 @@
 #define IDR_SMALLCONSOLE_KEYPAD 188
 #define IDR_SMALLCONSOLE_ELK 194
 
+// Console pictures (type "CONSOLEIMAGE"): fronts, boards, extensions.
+#define IDR_CONSOLE_FRONT 105          // type 0 and unlisted types
+#define IDR_CONSOLE_FRONT_ORN15 196    // type 4
+#define IDR_CONSOLE_FRONT_ELK15 195    // type 5
+#define IDR_CONSOLE_BOARD_ELK 189      // type 3
+#define IDR_CONSOLE_BOARD_ORN 206      // type 6
+#define IDR_EXTENSION 102
+#define IDR_EXTENSION_ORN15 202
+#define IDR_EXTENSION_ELK15 201
+
+// Key strips: three frames each (blank, at rest, held down).
+#define IDR_KEY 107                    // type "KEY"
+#define IDR_KEY_15CST 197
+#define IDR_RETURNKEY 108              // type "RETURNKEY"
+#define IDR_RETURNKEY_ORN15 198
+#define IDR_RETURNKEY_ELK15 199
+
+// Bitmaps of the console view.
+#define IDB_SPECIALKEYS 156            // five frames: empty, alarm button x2, key switch x2
+#define IDB_SPECIALKEYS_BOARD 193
+#define IDB_LED_GREEN 109              // two frames: off, on
+#define IDB_LED_YELLOW 112
+#define IDB_LED_RED 111
+#define IDB_LEDBAR_TALL 110
+#define IDB_LEDBAR_SHORT 200
+#define IDB_SELECTIONMARK 115
+#define IDB_VIEWTOOLBAR 116
+#define IDB_ZELLOGO 203
+
+// The console view's key menus and their commands.
+#define IDR_KEYMENU 131
+#define IDR_SPECIALKEYMENU 154
+#define IDM_KEY_CLEAR 40001
+#define IDM_KEY_COPY 40002
+#define IDM_KEY_PASTE 40003
+#define IDM_SPECIAL_NOTUSED 40004
+#define IDM_SPECIAL_ALARMBUTTON 40005
+#define IDM_SPECIAL_KEYSWITCH 40006
+
+// The console view's toolbar and page buttons.
+#define IDC_VIEWTOOL_POINTER 1
+#define IDC_VIEWTOOL_ADDEXTENSION 20
+#define IDC_VIEWTOOL_REMOVEEXTENSION 3
+#define IDC_PAGEBUTTON_CONSOLE 2000    // 2001 + slot for the extensions
+#define IDC_VIEW_TOOLBAR 1001
+#define IDC_LABELEDITOR 1002
+
 // Dialogs.
 #define IDD_CALLSTATIONDIALOG 165
 #define IDD_PASSWORD 204
