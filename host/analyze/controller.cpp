@@ -373,7 +373,7 @@ LRESULT CONTROLLER::OnMessage(WPARAM wParam, LPARAM lParam)
     if (name == "ZEL4000.FirmwareUpdate" || name == "ZEL4000.FirmwareUpdateState" ||
         name == std::string(m_szName) + ".passwdValidationResponse")
         return UploadRequest(r, name);
-    if (name == kAddAlarmId) {
+    if (name == kAddAlarmId || name == kRemoveAlarmId) {
         HOSTINFO* root = a_FindRootHostinfo(this);
         return root && root != this ? root->OnMessage(wParam, lParam) : 0;
     }
@@ -478,6 +478,8 @@ LRESULT CONTROLLER::OnLoad(WPARAM, LPARAM lParam)
     } else if (keyword == "password") {
         password = value;
         ok = true;
+    } else if (keyword.size() == 6 && keyword.compare(0, 3, "key") == 0) {
+        ok = PressKey(keyword, value);
     } else if (keyword == "device") {
         // "CONSOLE word=value word=value ..."
         const size_t blank = value.find(' ');
@@ -490,6 +492,36 @@ LRESULT CONTROLLER::OnLoad(WPARAM, LPARAM lParam)
         EDITTRACE(this, "Error reading line %s", keyword.c_str());
     InvalidateRect(m_hWnd, NULL, TRUE);
     return 0;
+}
+
+// "keyNNN=down" or "up" from a console view. The line names the console
+// module, not a console: every switched-on console behind the module sees the
+// key, and the consoles hear their LEDs as the device lights them.
+bool CONTROLLER::PressKey(const std::string& keyword, const std::string& value)
+{
+    int key = -1;
+    if (!ParseInt(keyword.c_str() + 3, &key) || (value != "down" && value != "up"))
+        return false;
+    bool pressed = false;
+    for (auto& entry : devices) {
+        SIMDEVICE& device = entry.second;
+        if (deleted || !device.connected || !device.IsOn() || device.port != kModuleName)
+            continue;
+        if (!device.PressKey(key, value == "down"))
+            return false;
+        pressed = true;
+        HOSTINFO* console = a_FindHostinfo(entry.first.c_str());
+        if (!console)
+            continue;
+        std::string leds = device.LedText();
+        REQUEST write = {REQ_WRITE, 0, REQTYPE_TEXT, REQMODE_EDIT, &leds[0], "leds", nullptr};
+        if (console->m_hWnd && IsWindow(console->m_hWnd))
+            SendMessageA(console->m_hWnd, WM_HOST_MESSAGE, 0, (LPARAM)&write);
+    }
+    if (!pressed)
+        TRACE("%s: no console behind %s is on to take %s=%s\n", m_szName, module.m_szName, keyword.c_str(),
+              value.c_str());
+    return true;
 }
 
 LRESULT CONTROLLER::OnSave(WPARAM pass, LPARAM lParam)

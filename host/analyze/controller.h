@@ -46,6 +46,8 @@ public:
     SIMDEVICE* Device(const std::string& console, bool create);
     // Sets a variable as the device itself would change it (simulation).
     bool Simulate(const std::string& variable, int value);
+    // A key of the consoles behind the console module goes down or up.
+    bool PressKey(const std::string& keyword, const std::string& value);
     // The firmware-update variables of the controller.
     LRESULT UploadRequest(REQUEST* r, const std::string& name);
     // Brings the upload's states up to the host's time.

@@ -9,6 +9,7 @@
 #include "../../base/banned.h"
 
 const char kAddAlarmId[] = "Matrix.AddAlarmID";
+const char kRemoveAlarmId[] = "Matrix.RemoveAlarmID";
 
 std::vector<DESIGN*>& OpenDesigns()
 {
@@ -54,6 +55,11 @@ bool DESIGN::SetVariable(const std::string& name, const std::string& value)
     return true;
 }
 
+LRESULT DESIGN::OnLoad(WPARAM mode, LPARAM line)
+{
+    return a_LoadLine(this, reinterpret_cast<const char*>(line), (int)mode);
+}
+
 // The alarm matrix: alarm keys announce themselves as "CONSOLE.keyN".
 LRESULT DESIGN::AddAlarmSource(REQUEST* request)
 {
@@ -65,6 +71,19 @@ LRESULT DESIGN::AddAlarmSource(REQUEST* request)
     const std::string source = static_cast<const char*>(request->value);
     if (std::find(alarmSources.begin(), alarmSources.end(), source) == alarmSources.end())
         alarmSources.push_back(source);
+    return 1;
+}
+
+// A cleared alarm key leaves the matrix.
+LRESULT DESIGN::RemoveAlarmSource(REQUEST* request)
+{
+    request->index = 1;
+    if (request->operation == REQ_LOOKUP)
+        return 1;
+    if (request->operation != REQ_WRITE || request->type != REQTYPE_TEXT || !request->value)
+        return 0;
+    const std::string source = static_cast<const char*>(request->value);
+    alarmSources.erase(std::remove(alarmSources.begin(), alarmSources.end(), source), alarmSources.end());
     return 1;
 }
 
@@ -82,6 +101,8 @@ LRESULT DESIGN::OnMessage(WPARAM, LPARAM lParam)
 
     if (name == kAddAlarmId)
         return AddAlarmSource(request);
+    if (name == kRemoveAlarmId)
+        return RemoveAlarmSource(request);
     int index = 0;
     for (size_t i = 0; i < variables.size(); i++)
         if (variables[i].first == name)

@@ -15,11 +15,15 @@ public:
     DESIGN(HWND surface, HWND output);
     ~DESIGN();
 
+    // "OBJECT*keyword=value" lines of the running system (the key presses of
+    // console views), loaded as the design file's lines are.
+    LRESULT OnLoad(WPARAM mode, LPARAM line) override;
     // Serves the design's host variables ("projectversion") to plug-ins.
     LRESULT OnMessage(WPARAM, LPARAM request) override;
 
     void AppendOutput(const char* line);
     LRESULT AddAlarmSource(REQUEST* request);
+    LRESULT RemoveAlarmSource(REQUEST* request);
     bool SetVariable(const std::string& name, const std::string& value);
 
     HWND surface;
@@ -39,6 +43,7 @@ public:
 
 // "Matrix.AddAlarmID": where alarm keys announce themselves.
 extern const char kAddAlarmId[];
+extern const char kRemoveAlarmId[];
 
 // The module handle of Analyze.dll, for its window classes.
 HINSTANCE AnalyzeInstance();

@@ -182,3 +182,26 @@ bool SIMDEVICE::LoadStateText(const std::string& text, uint32_t now, std::string
     }
     return true;
 }
+
+bool SIMDEVICE::PressKey(int key, bool down)
+{
+    enum { SLOW_BLINK = 1, FAST_BLINK = 2, LIT = 3 };
+    if (key < 0 || key >= FACE_KEYS)
+        return false;
+    if (down) {
+        m_leds[key] = (uint8_t)(FAST_BLINK | LIT << 2);
+        return true;
+    }
+    m_active[key] = !m_active[key];
+    m_leds[key] = m_active[key] ? (uint8_t)SLOW_BLINK : 0;
+    return true;
+}
+
+std::string SIMDEVICE::LedText() const
+{
+    static const char kDigits[] = "0123456789abcdef";
+    std::string text(FACE_KEYS, '0');
+    for (int key = 0; key < FACE_KEYS; key++)
+        text[(size_t)key] = kDigits[m_leds[key] & 15];
+    return text;
+}

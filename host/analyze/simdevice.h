@@ -37,6 +37,17 @@ public:
     // The key records the console sent (key number to record).
     std::map<int, std::string> keys;
 
+    // A key of the console's face goes down or up. While held, its first LED
+    // blinks fast and its second is lit; released, an idle key becomes
+    // active (its first LED blinks slowly) and an active one goes idle.
+    // False for a key number the face does not have.
+    bool PressKey(int key, bool down);
+    // The face's LEDs: one hexadecimal digit per key 0-127, the first LED's
+    // mode in bits 0-1 and the second's in bits 2-3 (0 off, 1 slow blink,
+    // 2 fast blink, 3 on).
+    std::string LedText() const;
+    enum { FACE_KEYS = 128 };
+
     // Where the console sits: filled by the controller while connected.
     bool connected = false;
     std::string port;
@@ -47,6 +58,8 @@ private:
     uint32_t Elapsed(uint32_t since, uint32_t now) const;
 
     std::map<std::string, int> m_values;  // the stored variables
+    uint8_t m_leds[FACE_KEYS] = {};
+    bool m_active[FACE_KEYS] = {};
     bool m_on = false;
     uint32_t m_onSince = 0;               // host time of switching on
     uint32_t m_watchdogSince = 0;         // host time of the last watchdog clear

@@ -272,6 +272,12 @@ bool Picture(WORKBENCH* bench, const SCRIPTCOMMAND& command)
         return SaveScreenPicture(bench->frame, path);
     if (target == "surface")
         return SaveWindowPicture(bench->surface, path);
+    if (target.rfind("view:", 0) == 0) {
+        HWND frame = ConsoleViewFrame(bench, target.substr(5));
+        if (!frame)
+            frame = OpenConsoleView(bench, target.substr(5));
+        return frame && SaveWindowPicture(frame, path);
+    }
     if (target.rfind("page:", 0) == 0) {
         WIDGETPAGE* page = OpenWidgetPage(bench, target.substr(5));
         return page && SaveWindowPicture(page->window, path);
@@ -397,6 +403,17 @@ bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command)
     case SCRIPT_DESIGN:
         bench->designMode = command.value != 0;
         a_SetDesignMode(bench->design, command.value ? 1 : 0);
+        SetConsoleViewsEditMode(bench, bench->designMode);
+        break;
+    case SCRIPT_VIEW:
+    case SCRIPT_PRESS:
+    case SCRIPT_RELEASE:
+    case SCRIPT_RCLICK:
+    case SCRIPT_LABEL:
+    case SCRIPT_EXTENSION:
+    case SCRIPT_PAGE:
+    case SCRIPT_LEDS:
+        ok = RunConsoleViewCommand(bench, command);
         break;
     case SCRIPT_WIDGETS:
         if (!OpenWidgetPage(bench, command.object)) {

@@ -1,5 +1,7 @@
 #include "script.h"
 
+#include <sstream>
+
 #include "../../base/text.h"
 #include "../../base/banned.h"
 
@@ -109,7 +111,7 @@ bool ParseScriptLine(const std::string& rawLine, SCRIPTCOMMAND* command, std::st
         SCRIPTVERB verb;
     } objectVerbs[] = {{"list", SCRIPT_LIST}, {"tooltip", SCRIPT_TOOLTIP}, {"menu", SCRIPT_MENU},
                        {"open", SCRIPT_OPEN}, {"delete", SCRIPT_DELETE}, {"select", SCRIPT_SELECT},
-                       {"widgets", SCRIPT_WIDGETS}};
+                       {"widgets", SCRIPT_WIDGETS}, {"view", SCRIPT_VIEW}};
     for (const auto& objectVerb : objectVerbs) {
         if (verb != objectVerb.name)
             continue;
@@ -143,6 +145,50 @@ bool ParseScriptLine(const std::string& rawLine, SCRIPTCOMMAND* command, std::st
         if (!LastWord(rest, &command->object, &command->text))
             return Fail(error, verb + " needs OBJECT WIDGET");
         command->verb = verb == "click" ? SCRIPT_CLICK : SCRIPT_READ;
+        return true;
+    }
+    if (verb == "press" || verb == "release") {
+        std::string key;
+        if (!LastWord(rest, &command->object, &key) || !ParseInt(key.c_str(), &command->key))
+            return Fail(error, verb + " needs OBJECT KEY");
+        command->verb = verb == "press" ? SCRIPT_PRESS : SCRIPT_RELEASE;
+        return true;
+    }
+    if (verb == "rclick" || verb == "label") {
+        // OBJ and KEY are words; the item or the text is the rest of the line.
+        const size_t first = rest.find_first_of(" \t");
+        const std::string tail = first == std::string::npos ? std::string() : Trimmed(rest.substr(first));
+        const size_t second = tail.find_first_of(" \t");
+        if (first == std::string::npos || !ParseInt(tail.substr(0, second).c_str(), &command->key) ||
+            (verb == "rclick" && second == std::string::npos))
+            return Fail(error, verb + (verb == "rclick" ? " needs OBJECT KEY ITEM" : " needs OBJECT KEY TEXT"));
+        command->verb = verb == "rclick" ? SCRIPT_RCLICK : SCRIPT_LABEL;
+        command->object = rest.substr(0, first);
+        command->text = second == std::string::npos ? std::string() : Trimmed(tail.substr(second));
+        return true;
+    }
+    if (verb == "extension" || verb == "page") {
+        if (!LastWord(rest, &command->object, &command->text))
+            return Fail(error, verb + (verb == "page" ? " needs OBJECT N|side|buttons" : " needs OBJECT add|remove"));
+        int number = 0;
+        const bool valid = verb == "extension" ? command->text == "add" || command->text == "remove"
+                                               : command->text == "side" || command->text == "buttons" ||
+                                                     ParseInt(command->text.c_str(), &number);
+        if (!valid)
+            return Fail(error, verb + (verb == "page" ? " needs OBJECT N|side|buttons" : " needs OBJECT add|remove"));
+        command->verb = verb == "extension" ? SCRIPT_EXTENSION : SCRIPT_PAGE;
+        command->code = number;
+        return true;
+    }
+    if (verb == "leds") {
+        std::istringstream words(rest);
+        std::string key, first, second, extra;
+        words >> command->object >> key >> first >> second >> extra;
+        if (!ParseInt(key.c_str(), &command->key) || !ParseInt(first.c_str(), &command->code) ||
+            (!second.empty() && !ParseInt(second.c_str(), &command->value)) || !extra.empty() ||
+            command->code < 0 || command->code > 3 || command->value < 0 || command->value > 3)
+            return Fail(error, "leds needs OBJECT KEY MODE [MODE2] with modes from 0 to 3");
+        command->verb = SCRIPT_LEDS;
         return true;
     }
     if (verb == "drag") {

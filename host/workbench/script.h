@@ -27,6 +27,17 @@
 //   list OBJ                prints the object's property list, KEYWORD=VALUE a row
 //   tick MS                 advances the host's clock and timers by MS
 //   alarms                  prints the design's alarm matrix, a source a line
+//   view OBJ                opens OBJ's console view in a frame of its own ("shot view:OBJ")
+//   press OBJ KEY           presses key KEY (its id) of OBJ's console view with the mouse
+//   release OBJ KEY         releases the mouse button over key KEY
+//   rclick OBJ KEY ITEM     opens KEY's context menu, prints its items and chooses ITEM
+//                           ("Clear", "Copy", "Paste", "Not Used", "Alarm Button",
+//                           "Key Switch"; "-" closes the menu without a choice)
+//   label OBJ KEY TEXT      types TEXT into KEY's label box and presses Enter
+//   extension OBJ add|remove  the console view's toolbar buttons
+//   page OBJ N|side|buttons   page button N (0 the console, k extension slot k-1), or
+//                           the layout side by side or with page buttons
+//   leds OBJ KEY MODE [MODE2] sets the modes (0-3) of KEY's first and second LED
 //   # ...                   a comment; blank lines are skipped
 #pragma once
 
@@ -59,6 +70,14 @@ enum SCRIPTVERB {
     SCRIPT_READ,
     SCRIPT_EDIT,
     SCRIPT_FIRMWARE,
+    SCRIPT_VIEW,
+    SCRIPT_PRESS,
+    SCRIPT_RELEASE,
+    SCRIPT_RCLICK,
+    SCRIPT_LABEL,
+    SCRIPT_EXTENSION,
+    SCRIPT_PAGE,
+    SCRIPT_LEDS,
 };
 
 struct SCRIPTCOMMAND {
@@ -66,9 +85,13 @@ struct SCRIPTCOMMAND {
     std::string object;   // get, online, fault, device, list, tooltip, menu, open, delete; shot: the target
     std::string typed;    // edit: the value typed
     std::string text;     // set: the whole design line; get, edit: the keyword; save, screenshot: the
-                          // file; device: the variable
-    int code = 0;         // callback: the code; fault: the fault word; tick: milliseconds; drag: DX
-    int value = 0;        // online, fault, design: 1 or 0; device: the value; drag: DY
+                          // file; device: the variable; rclick: the item; label: the text;
+                          // extension: add or remove; page: N, side or buttons
+    int code = 0;         // callback: the code; fault: the fault word; tick: milliseconds; drag: DX;
+                          // leds: the first LED's mode
+    int value = 0;        // online, fault, design: 1 or 0; device: the value; drag: DY; leds: the
+                          // second LED's mode
+    int key = 0;          // press, release, rclick, label, leds: the key id
 };
 
 // Parses one line; false with a message in error when it is malformed.

@@ -34,7 +34,15 @@ struct WORKBENCH {
     bool designMode = true;   // objects hand their mouse input to the surface
     std::string designPath;   // the file the design was read from or saved to
     std::map<std::string, std::unique_ptr<WIDGETPAGE>> pages;  // by object name
+    std::map<std::string, HWND> consoleViews;                  // frames of console views, by object name
 };
+
+// Console views in frames of their own (consoleviews.cpp).
+HWND OpenConsoleView(WORKBENCH* bench, const std::string& name);
+HWND ConsoleViewFrame(WORKBENCH* bench, const std::string& name);
+void SetConsoleViewsEditMode(WORKBENCH* bench, bool designing);
+// view, press, release, rclick, label, extension, page and leds.
+bool RunConsoleViewCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command);
 
 // Builds (once) and returns the widget page of an object; null without one.
 WIDGETPAGE* OpenWidgetPage(WORKBENCH* bench, const std::string& object);

@@ -133,6 +133,7 @@ CONSOLELED MakeLed(int32_t key, int image, LEDLIST list, bool secondary, int lef
     const IMAGESIZE size = ImageSizeOf(image);
     led.frameWidth = size.width / 2;
     led.frameHeight = size.height;
+    led.shownFrame = -1;
     return led;
 }
 
@@ -146,11 +147,13 @@ bool IsBoardView(int type)
 PICTUREFRAME PictureFrameOf(int type)
 {
     switch (type) {
-    case 3: return {IDR_CONSOLE_BOARD_ELK, 32, 32, 20, 20};
-    case 6: return {IDR_CONSOLE_BOARD_ORN, 32, 32, 20, 20};
-    case 5: return {IDR_CONSOLE_FRONT_ELK15, 0, 18, 0, 0};
-    case 4: return {IDR_CONSOLE_FRONT_ORN15, 0, 18, 0, 0};
-    default: return {IDR_CONSOLE_FRONT, 0, 18, 0, 0};
+    // A front's picture starts 24 pixels above the key origin, so that the
+    // last row's label boxes still fall on it; the PTT key stands on its edge.
+    case 3: return {IDR_CONSOLE_BOARD_ELK, 32, 32, 20, 20, 32};
+    case 6: return {IDR_CONSOLE_BOARD_ORN, 32, 32, 20, 20, 32};
+    case 5: return {IDR_CONSOLE_FRONT_ELK15, 0, 18, 0, 0, 26};
+    case 4: return {IDR_CONSOLE_FRONT_ORN15, 0, 18, 0, 0, 26};
+    default: return {IDR_CONSOLE_FRONT, 0, 18, 0, 0, 26};
     }
 }
 
@@ -266,6 +269,22 @@ std::vector<CONSOLEKEYLABEL> ConsoleKeyLabels(int type)
     labels.push_back({KEY_ESC, x0 + 125, y0 + 198, 54, 14});
     labels.push_back({KEY_DOWN, x0 + 71, y0 + 246, 54, 14});
     labels.push_back({KEY_DEL, x0 + 125, y0 + 246, 54, 14});
+    return labels;
+}
+
+std::vector<CONSOLELED> ExtensionLeds(int type, int slot, int position)
+{
+    std::vector<CONSOLELED> leds;
+    for (const CONSOLEKEY& key : ExtensionKeys(type, slot, position))
+        leds.push_back(MakeLed(key.id, IDB_LED_GREEN, LEDLIST_GREEN, false, key.left - 9, key.top + 6));
+    return leds;
+}
+
+std::vector<CONSOLEKEYLABEL> ExtensionKeyLabels(int type, int slot, int position)
+{
+    std::vector<CONSOLEKEYLABEL> labels;
+    for (const CONSOLEKEY& key : ExtensionKeys(type, slot, position))
+        labels.push_back({key.id, (float)key.left - 8, (float)key.top + 22, 47, 12});
     return labels;
 }
 

@@ -36,6 +36,7 @@ struct PICTUREFRAME {
     int leftMargin;
     int rightOffset;
     int bottomOffset;
+    int pictureTop;    // the picture stands at (leftMargin, pictureTop)
     int KeyOriginX() const { return 50 - leftMargin + rightOffset; }
     int KeyOriginY() const { return 50 - topMargin + bottomOffset; }
 };
@@ -68,7 +69,8 @@ struct CONSOLELED {
     bool secondary;     // the key's second LED (the yellow keypad marks)
     int frameWidth;
     int frameHeight;
-    uint16_t state;
+    uint16_t state;     // the mode (off, slow blink, fast blink, on)
+    int shownFrame;     // the frame last drawn; -1 before the first
 };
 
 struct CONSOLEKEYLABEL {
@@ -91,6 +93,10 @@ void ExtensionStripOrigin(int type, int position, int* x, int* y);
 int ExtensionPicture(int type);
 std::vector<CONSOLELED> ConsoleLeds(int type);
 std::vector<CONSOLEKEYLABEL> ConsoleKeyLabels(int type);
+// An extension key has one green LED left of it and a label box under it,
+// on the strip the extension's picture shows there.
+std::vector<CONSOLELED> ExtensionLeds(int type, int slot, int position);
+std::vector<CONSOLEKEYLABEL> ExtensionKeyLabels(int type, int slot, int position);
 
 // Sets a key's frame size from its strip: a third of the strip's width.
 void SizeKeyFrame(CONSOLEKEY* key, IMAGESIZE strip);

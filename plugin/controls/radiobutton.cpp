@@ -148,6 +148,12 @@ LRESULT CALLBACK RadioButtonWndProc(HWND hwnd, UINT message, WPARAM wParam, LPAR
         b->state = (WORD)wParam;
         InvalidateRect(hwnd, NULL, TRUE);
         return 0;
+    case BM_SETCHECK:
+        b->state = wParam == BST_CHECKED ? RADIO_CHECKED : RADIO_NORMAL;
+        InvalidateRect(hwnd, NULL, TRUE);
+        return 0;
+    case BM_GETCHECK:
+        return Checked(b) ? BST_CHECKED : BST_UNCHECKED;
     case RBM_SETFACECOLOUR:
         b->face = (COLORREF)wParam;
         return 0;

@@ -115,6 +115,9 @@ void Canvas_Destroy(HWND hwnd, CONSOLEPROPERTIES* c)
     if (c->m_hConfiguration && IsWindow(c->m_hConfiguration))
         DestroyWindow(c->m_hConfiguration);
     c->m_hConfiguration = NULL;
+    if (c->m_hConsoleView && IsWindow(c->m_hConsoleView))
+        DestroyWindow(c->m_hConsoleView);
+    c->m_hConsoleView = NULL;
     a_DestroyChildWindows(c);
 
     if (controller) {

@@ -35,7 +35,7 @@ CONSOLEPROPERTIES* AsConsole(HOSTINFO* obj)
 
 CONSOLEPROPERTIES::CONSOLEPROPERTIES()
     : m_keys(), m_numericKeys(), m_optionStates(), m_model(MODEL_ELK_15CST), m_masterFault(0), m_online(0), m_lastPoll(0),
-      m_pPartner(nullptr), m_oldProject(false), m_migrationDone(false), m_hConfiguration(NULL), m_slot(0), m_faultLed(0),
+      m_pPartner(nullptr), m_oldProject(false), m_migrationDone(false), m_hConfiguration(NULL), m_hConsoleView(NULL), m_ledStates(), m_slot(0), m_faultLed(0),
       m_reportFaultsCache(0)
 {
     m_szDisplayName[0] = '\0';
@@ -58,6 +58,25 @@ void CONSOLEPROPERTIES::RefreshCanvas(bool erase)
 {
     if (m_hWnd)
         InvalidateRect(m_hWnd, NULL, erase ? TRUE : FALSE);
+}
+
+void CONSOLEPROPERTIES::MarkEdited()
+{
+    m_wFlags |= HOSTFLAG_EDITED;
+    if (m_hNotify)
+        PostMessageA(m_hNotify, WM_HOST_LOADED, 0, 0);
+    RefreshCanvas(true);
+}
+
+void CONSOLEPROPERTIES::NotifyConsoleView(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (m_hConsoleView && IsWindow(m_hConsoleView))
+        SendMessageA(m_hConsoleView, message, wParam, lParam);
+}
+
+int CONSOLEPROPERTIES::GlobalIndicatorState() const
+{
+    return (m_ledStates[CONSOLE_KEY_COUNT - 5] & 3) != 0 ? 2 : 1;  // key 123, the PTT key
 }
 
 LRESULT CONSOLEPROPERTIES::OnLoad(WPARAM mode, LPARAM lParam)
@@ -188,6 +207,7 @@ LRESULT CONSOLEPROPERTIES::OnTimer(WPARAM, LPARAM)
         }
         if (m_hConfiguration && IsWindow(m_hConfiguration))
             SendMessageA(m_hConfiguration, WM_USER + 16, 0, alive ? 0 : 1);
+        NotifyConsoleView(WM_USER + 16, 0, alive ? 0 : 1);
     }
     if (alive) {
         const uint8_t previous = m_masterFault;

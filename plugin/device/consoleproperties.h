@@ -24,6 +24,13 @@ public:
     // Feeds "keyword=value" to OnLoad as an edit (mode 0).
     LRESULT LoadEdit(const char* line);
     void RefreshCanvas(bool erase);
+    // A change made outside OnLoad (the console view's toolbar): the design
+    // is edited and the host hears of it.
+    void MarkEdited();
+    // Tells the console view, when one is open.
+    void NotifyConsoleView(UINT message, WPARAM wParam, LPARAM lParam);
+    // The frame the PTT key shows on the fronts: 2 while its LED is lit, else 1.
+    int GlobalIndicatorState() const;
 
     KEYSLOT m_keys[CONSOLE_KEY_COUNT];
     KEYSLOT m_numericKeys[CONSOLE_NUMERICKEY_COUNT];
@@ -38,6 +45,8 @@ public:
     bool m_oldProject;            // the design predates the test fault mask
     bool m_migrationDone;
     HWND m_hConfiguration;        // the configuration window, when open
+    HWND m_hConsoleView;          // the console view showing this console, when open
+    uint8_t m_ledStates[CONSOLE_KEY_COUNT];  // the face's LEDs as the device lights them
     int32_t m_slot;               // the port's slot, as last read
     int32_t m_faultLed;           // canvas poll caches
     uint8_t m_reportFaultsCache;

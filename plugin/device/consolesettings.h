@@ -52,7 +52,6 @@ struct CONSOLESETTINGS {
     int32_t extensionCount = 0;
     uint8_t extensionSlots[CONSOLE_EXTENSION_SLOTS] = {};
     char emergencyCstKeys[SHORTTEXT_SIZE] = {};
-    int32_t leds = 0;                          // LED states of the face
     char configuration[SHORTTEXT_SIZE] = {};   // the configuration as a whole
     char inputChannels[SHORTTEXT_SIZE] = {};   // the input channel list
     char keyLabels[CONSOLE_KEY_COUNT][KEYLABEL_SIZE] = {};

@@ -48,6 +48,7 @@ int TypeHandler(REQUEST* r, CONSOLEPROPERTIES* c)
         return 0;
     c->m_model = model;
     c->RefreshCanvas(true);
+    c->NotifyConsoleView(WM_USER + 12, 0, 0);
     return 1;
 }
 

@@ -62,6 +62,8 @@ int KeyHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key)
     const int answer = SlotHandler(r, c, &c->m_keys[key]);
     if (answer && r->operation == REQ_WRITE && IsAlarmKey(c->m_keys[key]))
         AnnounceAlarm(c, key);
+    if (answer && r->operation == REQ_WRITE)
+        c->NotifyConsoleView(WM_USER + 13, 0, key);
     return answer;
 }
 
@@ -79,6 +81,7 @@ int OptionStateHandler(REQUEST* r, CONSOLEPROPERTIES* c, int special)
     if (!IsWrite(r, REQTYPE_TEXT) || !ScanDecimal(TextOf(r), &value) || value < 0 || value > 2)
         return 0;
     state = (uint8_t)value;
+    c->NotifyConsoleView(WM_USER + 13, 0, 120 + special);
     return 1;
 }
 

@@ -4,6 +4,7 @@
 #include "family.h"
 #include "handlerkit.h"
 #include "handlers.h"
+#include "../console/ledstates.h"
 
 #include "../../base/banned.h"
 
@@ -18,7 +19,10 @@ void SetExtensionCount(CONSOLEPROPERTIES* c, int count)
 
 int KeyLabelHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key)
 {
-    return StoredText(r, c->m_settings.keyLabels[key], KEYLABEL_SIZE);
+    const int answer = StoredText(r, c->m_settings.keyLabels[key], KEYLABEL_SIZE);
+    if (answer && r->operation == REQ_WRITE)
+        c->NotifyConsoleView(WM_USER + 13, 0, key);
+    return answer;
 }
 
 constexpr auto kKeyLabels = MakeFamily<KeyLabelHandler, CONSOLE_KEY_COUNT>();
@@ -67,6 +71,7 @@ int ExtensionCountHandler(REQUEST* r, CONSOLEPROPERTIES* c)
         return 0;
     SetExtensionCount(c, count);
     c->RefreshCanvas(true);
+    c->NotifyConsoleView(WM_USER + 12, 0, 0);
     return 1;
 }
 
@@ -82,7 +87,10 @@ int GeneratePilotHandler(REQUEST* r, CONSOLEPROPERTIES* c)
 
 int DecadicSelectionHandler(REQUEST* r, CONSOLEPROPERTIES* c)
 {
-    return StoredToggle(r, &c->m_settings.decadicSelectionActive);
+    const int answer = StoredToggle(r, &c->m_settings.decadicSelectionActive);
+    if (answer && r->operation == REQ_WRITE)
+        c->NotifyConsoleView(WM_USER + 13, 0, -1);  // the numeric keys change their look
+    return answer;
 }
 
 int EmergencyKeysHandler(REQUEST* r, CONSOLEPROPERTIES* c)
@@ -90,15 +98,15 @@ int EmergencyKeysHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     return StoredText(r, c->m_settings.emergencyCstKeys, sizeof c->m_settings.emergencyCstKeys);
 }
 
-// The LED states of the console face, as one decimal number.
+// The LED states of the console face: one hexadecimal digit per key, as the
+// device reports them. An open console view shows them at once.
 int LedsHandler(REQUEST* r, CONSOLEPROPERTIES* c)
 {
     if (IsRead(r, REQTYPE_TEXT))
-        return AnswerText(r, "%d", c->m_settings.leds);
-    int leds = 0;
-    if (!IsWrite(r, REQTYPE_TEXT) || !ScanDecimal(TextOf(r), &leds))
+        return AnswerText(r, "%s", FormatLedStates(c->m_ledStates).c_str());
+    if (!IsWrite(r, REQTYPE_TEXT) || !ParseLedStates(TextOf(r), c->m_ledStates))
         return 0;
-    c->m_settings.leds = leds;
+    c->NotifyConsoleView(WM_USER + 14, 0, 0);
     return 1;
 }
 

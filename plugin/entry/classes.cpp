@@ -5,6 +5,8 @@
 #include "pendingwindow.h"
 #include "../config/configurationdialog.h"
 #include "../controls/radiobutton.h"
+#include "../console/consoleview.h"
+#include "../console/viewimages.h"
 
 #include "analyze.h"
 #include "../../base/trace.h"
@@ -63,7 +65,8 @@ int RegisterElkCskConfigurationDialog(HINSTANCE instance)
 
 int RegisterConsoleView(HINSTANCE instance)
 {
-    return RegisterShadowed(instance, FAMILY_CONSOLEVIEW, "DOVRIXCONSOLEVIEW", PendingWindowProc,
+    LoadConsoleViewImages(instance);
+    return RegisterShadowed(instance, FAMILY_CONSOLEVIEW, "DOVRIXCONSOLEVIEW", ConsoleViewWndProc,
                             "RegisterConsoleView failed %d\n");
 }
 

@@ -270,3 +270,20 @@ TEST(LedStates, TextFormAndRefusals)
     EXPECT_FALSE(ParseLedStates((text + "0").c_str(), parsed));
     EXPECT_EQ(parsed[1], 15);  // refused texts leave the states
 }
+
+TEST(KeyGeometry, ExtensionKeysHaveALedAndALabelBoxEach)
+{
+    const auto keys = ExtensionKeys(0, 1, 2);
+    const auto leds = ExtensionLeds(0, 1, 2);
+    const auto labels = ExtensionKeyLabels(0, 1, 2);
+    ASSERT_EQ(leds.size(), 20u);
+    ASSERT_EQ(labels.size(), 20u);
+    for (size_t i = 0; i < keys.size(); i++) {
+        EXPECT_EQ(leds[i].key, keys[i].id);
+        EXPECT_EQ(labels[i].key, keys[i].id);
+        EXPECT_LT(leds[i].left + 5, keys[i].left);  // left of the key, clear of it
+        EXPECT_EQ(KeyLabelAt(labels, keys[i].left, keys[i].top + 25)->key, keys[i].id);
+        EXPECT_EQ(KeyAt(keys, (int)labels[i].x + 1, (int)labels[i].y + 1), nullptr);
+    }
+    EXPECT_TRUE(ExtensionLeds(0, 7, 0).empty());
+}

@@ -302,7 +302,7 @@ TEST_F(Live, NumbersOutsideTheirRangeAreRefused)
     design.Load({"ORNCST_1*priority=7", "ORNCST_1*ExtensionCount=2"});
     design.Load({"ORNCST_1*priority=-1", "ORNCST_1*priority=99999999999", "ORNCST_1*priority=40000",
                  "ORNCST_1*priority=x", "ORNCST_1*ExtensionCount=6", "ORNCST_1*ExtensionCount=-1",
-                 "ORNCST_1*Buzzer=", "ORNCST_1*FaultMask3=yes", "ORNCST_1*leds=99999999999"});
+                 "ORNCST_1*Buzzer=", "ORNCST_1*FaultMask3=yes", "ORNCST_1*leds=12g4"});
     EXPECT_EQ(Get("priority"), "7");
     EXPECT_EQ(Get("ExtensionCount"), "2");
     EXPECT_EQ(design.Output().size(), 9u);

@@ -1,0 +1,315 @@
+// The console view's layout: which keys, marks and boxes stand where for the
+// page shown, the header controls above the keys, the page buttons and the
+// toolbar, and the sizes of the view and its frame.
+#include "viewstate.h"
+
+#include <commctrl.h>
+
+#include "ledstates.h"
+#include "viewimages.h"
+#include "viewrules.h"
+#include "../config/controldescriptor.h"
+#include "../device/consoleproperties.h"
+#include "../entry/module.h"
+#include "../resources/resource.h"
+
+#include "../../base/text.h"
+#include "../../base/trace.h"
+#include "../../base/banned.h"
+
+namespace {
+
+const int kPageButtonShift = 63;
+const int kFrameToolbarId = 1001;      // the frame's strip above the view
+
+bool NameHasZel(const CONSOLEVIEW* view)
+{
+    return strstr(view->console->m_szName, "ZEL") != nullptr;
+}
+
+// Key frames come from the loaded strips; the table is the fallback.
+void SizeFromStrip(CONSOLEKEY* key)
+{
+    IMAGESIZE size = {0, 0};
+    ConsoleViewImageSize(key->image, &size.width, &size.height);
+    SizeKeyFrame(key, size);
+}
+
+void AddKeys(CONSOLEVIEW* view, std::vector<CONSOLEKEY> keys)
+{
+    for (CONSOLEKEY& key : keys) {
+        SizeFromStrip(&key);
+        key.left += view->keyOffsetX;
+        key.label[KEYTEXT_LENGTH - 1] = '\0';
+        view->keys.push_back(key);
+    }
+}
+
+void AddLeds(CONSOLEVIEW* view, const std::vector<CONSOLELED>& leds)
+{
+    for (CONSOLELED led : leds) {
+        int width = 0, height = 0;
+        ConsoleViewImageSize(led.image, &width, &height);
+        led.frameWidth = width / 2;
+        led.frameHeight = height;
+        led.left += view->keyOffsetX;
+        view->leds[led.list].push_back(led);
+    }
+}
+
+void AddLabels(CONSOLEVIEW* view, const std::vector<CONSOLEKEYLABEL>& labels)
+{
+    for (CONSOLEKEYLABEL label : labels) {
+        label.x += (float)view->keyOffsetX;
+        view->labels.push_back(label);
+    }
+}
+
+void AddConsoleFace(CONSOLEVIEW* view)
+{
+    const int type = ConsoleType(view);
+    AddKeys(view, ConsoleKeys(type));
+    AddLeds(view, ConsoleLeds(type));
+    AddLabels(view, ConsoleKeyLabels(type));
+}
+
+void AddStrip(CONSOLEVIEW* view, int slot, int position)
+{
+    const int type = ConsoleType(view);
+    AddKeys(view, ExtensionKeys(type, slot, position));
+    AddLeds(view, ExtensionLeds(type, slot, position));
+    AddLabels(view, ExtensionKeyLabels(type, slot, position));
+    view->stripSlots[view->stripCount++] = slot;
+}
+
+void ShowHeader(CONSOLEVIEW* view)
+{
+    const bool zel = NameHasZel(view);
+    for (int i = HEADER_ONLINE; i <= HEADER_FIND; i++)
+        if (view->header[i])
+            ShowWindow(view->header[i], zel ? SW_SHOW : SW_HIDE);
+    if (view->header[HEADER_PICTURE])
+        ShowWindow(view->header[HEADER_PICTURE], SW_HIDE);
+    if (zel && IsBoardView(ConsoleType(view)) && view->header[HEADER_PICTURE]) {
+        SendMessageA(view->header[HEADER_PICTURE], STM_SETIMAGE, IMAGE_BITMAP, (LPARAM)view->pictureBitmap);
+        ShowWindow(view->header[HEADER_PICTURE], SW_SHOW);
+    }
+}
+
+void SizeFrame(HWND hwnd, int frameWidth, int stripWidth, int viewWidth)
+{
+    HWND parent = GetParent(hwnd);
+    if (!parent)
+        return;
+    if (!IsZoomed(parent))
+        SetWindowPos(parent, NULL, 0, 0, frameWidth, 800, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    if (HWND strip = GetDlgItem(parent, kFrameToolbarId))
+        SetWindowPos(strip, NULL, 0, 0, stripWidth, 22, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(hwnd, NULL, 18, 26, viewWidth, 435, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void DestroyPageButtons(CONSOLEVIEW* view)
+{
+    for (HWND button : view->pageButtons)
+        if (IsWindow(button))
+            DestroyWindow(button);
+    view->pageButtons.clear();
+}
+
+void CreatePageButtons(HWND hwnd, CONSOLEVIEW* view)
+{
+    DestroyPageButtons(view);
+    HFONT font = a_GetFont("MS Sans Serif,8");
+    for (const PAGEBUTTON& spec : PageButtons(view->console->m_settings.extensionSlots)) {
+        const DWORD style = spec.id == IDC_PAGEBUTTON_CONSOLE ? 0x54020000 : 0x50000000;
+        HWND button = CreateWindowExA(WS_EX_TRANSPARENT, "CSAUTORADIOBUTTON", spec.text.c_str(), style, 0, spec.y, 75,
+                                      30, hwnd, (HMENU)(INT_PTR)spec.id, ModuleInstance(),
+                                      NULL);
+        if (!button)
+            continue;
+        if (font)
+            SendMessageA(button, WM_SETFONT, (WPARAM)font, FALSE);
+        view->pageButtons.push_back(button);
+    }
+    if (!view->pageButtons.empty())
+        SendMessageA(view->pageButtons[0], BM_SETCHECK, BST_CHECKED, 0);
+}
+
+void SetScrollRange(HWND hwnd, CONSOLEVIEW* view)
+{
+    view->scrollPosition = 0;
+    if (view->extensionPages == 0) {
+        ShowScrollBar(hwnd, SB_HORZ, FALSE);
+        return;
+    }
+    SCROLLINFO info = {sizeof info, SIF_RANGE | SIF_PAGE | SIF_POS, 0, EXTENSION_STRIP_WIDTH * view->extensionPages + 523,
+                       525, 0, 0};
+    ShowScrollBar(hwnd, SB_HORZ, TRUE);
+    SetScrollInfo(hwnd, SB_HORZ, &info, TRUE);
+}
+
+// The header controls scroll with the picture: put them back where the
+// layout wants them.
+void PlaceHeader(CONSOLEVIEW* view)
+{
+    static const POINT kOrigins[] = {{179, 142}, {72, 142}, {72, 179}, {69, 171}};
+    const int dx = view->frame.rightOffset - view->frame.leftMargin + view->keyOffsetX;
+    const int dy = view->frame.bottomOffset - view->frame.topMargin;
+    for (int i = 0; i < 4; i++)
+        if (view->header[i])
+            SetWindowPos(view->header[i], NULL, kOrigins[i].x + dx, kOrigins[i].y + dy, 0, 0,
+                         SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace
+
+void ClearViewLayout(CONSOLEVIEW* view)
+{
+    view->keys.clear();
+    for (auto& list : view->leds)
+        list.clear();
+    view->labels.clear();
+    view->selection.clear();
+    view->stripCount = 0;
+    view->pressedKey = NO_KEY;
+    view->tipKey = NO_KEY;
+}
+
+void CreateHeaderControls(HWND hwnd, CONSOLEVIEW* view)
+{
+    CONSOLEPROPERTIES* c = view->console;
+    const int dx = view->frame.rightOffset - view->frame.leftMargin;
+    const int dy = view->frame.bottomOffset - view->frame.topMargin;
+    char line[128];
+    FormatText(line, sizeof line, "0x00000000 LED \"online\" 0x50000000 %d,%d,11x11", 179 + dx, 142 + dy);
+    view->header[HEADER_ONLINE] =
+        CreateHostWidget(c, hwnd, line, {"bitmap=.\\templates\\Userpanel\\online.bmp", "function=online"});
+    FormatText(line, sizeof line, "0x00000000 BEDIT \"name\" 0x50000000 %d,%d,100x15", 72 + dx, 142 + dy);
+    view->header[HEADER_NAME] =
+        CreateHostWidget(c, hwnd, line,
+                         {"backgroundcolor=0x00cbcbcb", "textcolor=0x00ffffff", "caption=", "font=ms sans serif,8",
+                          "function=name", "interval=2000"});
+    FormatText(line, sizeof line, "0x00000000 BTRISTATEBUTTON \"find\" 0x50000000 %d,%d,16x16", 72 + dx, 179 + dy);
+    view->header[HEADER_FIND] = CreateHostWidget(
+        c, hwnd, line, {"bitmap=.\\templates\\Userpanel\\id.bmp", "caption=ID", "font=ms sans serif,8", "function=Find"});
+    view->header[HEADER_PICTURE] =
+        CreateWindowExA(0, "STATIC", "StatLabel", 0x5000000E, 69 + dx, 171 + dy, 52, 21, hwnd, NULL,
+                        ModuleInstance(), NULL);
+    view->pictureBitmap = LoadBitmapA(ModuleInstance(), MAKEINTRESOURCEA(IDB_ZELLOGO));
+    // The page's widgets show the console they sit on.
+    char connection[HOSTNAME_SIZE + 16];
+    FormatText(connection, sizeof connection, "connection=%s", c->m_szName);
+    for (int i = HEADER_ONLINE; i <= HEADER_FIND; i++) {
+        HOSTINFO* widget = view->header[i] ? (HOSTINFO*)SendMessageA(view->header[i], WM_APP + 20, 0, 0) : nullptr;
+        if (widget)
+            widget->OnLoad(0, (LPARAM)connection);
+    }
+}
+
+// The toolbar stands in the view's frame, above the picture; its buttons
+// talk to the view.
+void CreateViewToolbar(HWND hwnd, CONSOLEVIEW* view)
+{
+    HWND parent = GetParent(hwnd);
+    if (!parent)
+        return;
+    HINSTANCE instance = ModuleInstance();
+    view->toolbar = CreateWindowExA(WS_EX_TRANSPARENT, TOOLBARCLASSNAMEA, "", 0x50008900, 0, 0, 100, 25, parent,
+                                    (HMENU)(INT_PTR)IDC_VIEW_TOOLBAR, instance, NULL);
+    if (!view->toolbar) {
+        Trace("DOVRIXC: the console view has no toolbar (%lu)\n", GetLastError());
+        return;
+    }
+    SendMessageA(view->toolbar, TB_SETPARENT, (WPARAM)hwnd, 0);
+    SendMessageA(view->toolbar, TB_BUTTONSTRUCTSIZE, 20, 0);
+    SendMessageA(view->toolbar, TB_SETBITMAPSIZE, 0, MAKELPARAM(20, 20));
+    TBADDBITMAP bitmap = {instance, IDB_VIEWTOOLBAR};
+    SendMessageA(view->toolbar, TB_ADDBITMAP, 3, (LPARAM)&bitmap);
+    TBBUTTON buttons[3] = {};
+    const int commands[3] = {IDC_VIEWTOOL_POINTER, IDC_VIEWTOOL_ADDEXTENSION, IDC_VIEWTOOL_REMOVEEXTENSION};
+    for (int i = 0; i < 3; i++) {
+        buttons[i].iBitmap = i;
+        buttons[i].idCommand = commands[i];
+        buttons[i].fsState = TBSTATE_ENABLED;
+        buttons[i].fsStyle = TBSTYLE_BUTTON;
+    }
+    SendMessageA(view->toolbar, TB_ADDBUTTONSA, 3, (LPARAM)buttons);
+    SendMessageA(view->toolbar, TB_AUTOSIZE, 0, 0);
+}
+
+void BuildViewLayout(HWND hwnd, CONSOLEVIEW* view, int page)
+{
+    CloseLabelEditor(view);
+    ClearViewLayout(view);
+    view->frame = PictureFrameOf(ConsoleType(view));
+    view->page = page;
+    view->selectedPage = 0;
+    view->showConsole = true;
+    const uint8_t* slots = view->console->m_settings.extensionSlots;
+    view->extensionPages = PresentExtensions(slots);
+    if (page == 1) {
+        view->keyOffsetX = kPageButtonShift;
+        AddConsoleFace(view);
+        SizeFrame(hwnd, 1069, 1035, 555);
+        ShowScrollBar(hwnd, SB_HORZ, FALSE);
+        view->scrollPosition = 0;
+        CreatePageButtons(hwnd, view);
+    } else {
+        view->keyOffsetX = 0;
+        DestroyPageButtons(view);
+        AddConsoleFace(view);
+        int position = 0;
+        for (int slot = 0; slot < EXTENSION_SLOT_COUNT; slot++)
+            if (slots[slot])
+                AddStrip(view, slot, position++);
+        SizeFrame(hwnd, 1019, 985, 505);
+        SetScrollRange(hwnd, view);
+    }
+    ShowHeader(view);
+    PlaceHeader(view);
+    RefreshLedModes(view);
+    InvalidateRect(hwnd, NULL, TRUE);
+}
+
+// Page k of the page buttons: the console (0) or extension slot k - 1 alone,
+// moved to where the console stands.
+void ShowExtensionPage(HWND hwnd, CONSOLEVIEW* view, int page)
+{
+    const uint8_t* slots = view->console->m_settings.extensionSlots;
+    const int slot = SlotOfPage(slots, page);
+    if (page != 0 && slot < 0) {
+        Trace("DOVRIXC: the console has no extension page %d\n", page);
+        return;
+    }
+    CloseLabelEditor(view);
+    ClearViewLayout(view);
+    view->selectedPage = page;
+    if (slot < 0) {
+        view->showConsole = true;
+        view->keyOffsetX = view->page == 1 ? kPageButtonShift : 0;
+        AddConsoleFace(view);
+        ShowHeader(view);
+    } else {
+        view->showConsole = false;
+        int stripX = 0, stripY = 0;
+        ExtensionStripOrigin(ConsoleType(view), 0, &stripX, &stripY);
+        view->keyOffsetX = kPageButtonShift + view->frame.leftMargin - stripX;
+        AddStrip(view, slot, 0);
+        for (HWND header : view->header)
+            if (header)
+                ShowWindow(header, SW_HIDE);
+    }
+    PlaceHeader(view);
+    for (HWND button : view->pageButtons)
+        SendMessageA(button, BM_SETCHECK, GetDlgCtrlID(button) == IDC_PAGEBUTTON_CONSOLE + page ? BST_CHECKED : BST_UNCHECKED,
+                     0);
+    RefreshLedModes(view);
+    InvalidateRect(hwnd, NULL, TRUE);
+}
+
+void RefreshLedModes(CONSOLEVIEW* view)
+{
+    for (auto& list : view->leds)
+        for (CONSOLELED& led : list)
+            led.state = (uint16_t)LedModeOf(view->console->m_ledStates[led.key & 127], led.secondary);
+}

@@ -1,0 +1,323 @@
+// The console view through its window: hit tests, presses reaching the
+// simulated controller, the key menus with the clipboard, extensions and
+// their page buttons, LEDs on screen and the label editor.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "testhost.h"
+#include "../../plugin/console/keygeometry.h"
+
+namespace {
+
+const UINT kSetPage = WM_USER + 2;
+const UINT kHitTest = WM_USER + 10;
+const UINT kEditMode = WM_USER + 16;
+const int kLabelEditor = 1002;
+
+const char kController[] = "control=0 ORNCON \"ORNCON_1\" 0x54000000 0,100,150x40";
+const char kSystemFaults[] = "System Faults,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,,,";
+
+class ConsoleView : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        design.Load({kController, "control=0 DOVRIXC \"ORNCST_1\" 0x54000000 0,0,20x20", "ORNCST_1*address=1",
+                     "ORNCST_1*type=ZEL4010"});
+        console = design.Object("ORNCST_1");
+        ASSERT_NE(console, nullptr);
+        frame = CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 1019, 800, NULL, NULL, NULL, NULL);
+        view = CreateWindowExA(0, "DOVRIXCONSOLEVIEW", "", WS_CHILD | WS_VISIBLE, 18, 26, 505, 435, frame,
+                               (HMENU)1003, NULL, console);
+        ASSERT_NE(view, nullptr);
+        Paint();
+    }
+    // Painting narrows the special keys to their five-frame strips.
+    void Paint() { WindowPixels(view); }
+    void TearDown() override { DestroyWindow(frame); }
+
+    CONSOLEKEY Key(int id, int type = 0)
+    {
+        for (const CONSOLEKEY& key : ConsoleKeys(type))
+            if (key.id == id)
+                return key;
+        ADD_FAILURE() << "no key " << id;
+        return CONSOLEKEY{};
+    }
+    LPARAM At(int id, int type = 0, int dy = 3)
+    {
+        const CONSOLEKEY key = Key(id, type);
+        return MAKELPARAM(key.left + 3, key.top + dy);
+    }
+    void Press(int id) { SendMessageA(view, WM_LBUTTONDOWN, MK_LBUTTON, At(id)); }
+    void Release(int id) { SendMessageA(view, WM_LBUTTONUP, 0, At(id)); }
+    std::string Leds() { return design.Get("ORNCST_1", "leds"); }
+    void ConnectAndSwitchOn()
+    {
+        design.Edit("ORNCST_1*connection=ORNCON_1.DOVRIXCSTModule");
+        ASSERT_TRUE(a_SimulateDevice("ORNCST_1", "online", 1));
+    }
+
+    TESTDESIGN design;
+    HOSTINFO* console = nullptr;
+    HWND frame = NULL;
+    HWND view = NULL;
+};
+
+// Chooses an item of the context menu the view opens at a key; returns the
+// items it showed ("Clear (greyed)"), nothing when no menu opened.
+struct MENURUN {
+    std::string choice;
+    std::vector<std::string> items;
+    bool opened = false;
+};
+const char kMenuRun[] = "ConsoleViewTest.MenuRun";
+
+LRESULT CALLBACK MenuHook(int code, WPARAM wParam, LPARAM lParam)
+{
+    const CWPSTRUCT* message = reinterpret_cast<const CWPSTRUCT*>(lParam);
+    MENURUN* run = code == HC_ACTION && message->message == WM_ENTERIDLE && message->wParam == MSGF_MENU
+                       ? static_cast<MENURUN*>(GetPropA(message->hwnd, kMenuRun))
+                       : nullptr;
+    if (run && !run->opened) {
+        run->opened = true;
+        HWND menuWindow = (HWND)message->lParam;
+        HMENU menu = (HMENU)SendMessageA(menuWindow, MN_GETHMENU, 0, 0);
+        int steps = 0, target = -1;
+        for (int i = 0; menu && i < GetMenuItemCount(menu); i++) {
+            const UINT state = GetMenuState(menu, (UINT)i, MF_BYPOSITION);
+            if (state & MF_SEPARATOR)
+                continue;
+            char text[64] = "";
+            GetMenuStringA(menu, (UINT)i, text, sizeof text, MF_BYPOSITION);
+            run->items.push_back(std::string(text) + ((state & MF_GRAYED) ? " (greyed)" : "") +
+                                 ((state & MF_CHECKED) ? " (checked)" : ""));
+            if (target < 0)
+                steps++;
+            if (run->choice == text && !(state & MF_GRAYED))
+                target = i;
+        }
+        for (int i = 0; target >= 0 && i < steps; i++)
+            PostMessageA(menuWindow, WM_KEYDOWN, VK_DOWN, 0);
+        PostMessageA(menuWindow, WM_KEYDOWN, target >= 0 ? VK_RETURN : VK_ESCAPE, 0);
+    }
+    return CallNextHookEx(NULL, code, wParam, lParam);
+}
+
+MENURUN KeyMenu(HWND view, LPARAM at, const std::string& choice)
+{
+    MENURUN run;
+    run.choice = choice;
+    POINT screen = {(short)LOWORD(at), (short)HIWORD(at)};
+    ClientToScreen(view, &screen);
+    SetPropA(view, kMenuRun, &run);
+    HHOOK hook = SetWindowsHookExA(WH_CALLWNDPROC, MenuHook, NULL, GetCurrentThreadId());
+    SendMessageA(view, WM_CONTEXTMENU, (WPARAM)view, MAKELPARAM(screen.x, screen.y));
+    UnhookWindowsHookEx(hook);
+    RemovePropA(view, kMenuRun);
+    return run;
+}
+
+void PutOnClipboard(HWND owner, const char* text)
+{
+    ASSERT_TRUE(OpenClipboard(owner));
+    EmptyClipboard();
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, 256);
+    strcpy_s(static_cast<char*>(GlobalLock(block)), 256, text);
+    GlobalUnlock(block);
+    SetClipboardData(RegisterClipboardFormatA("CONSOLEKEY"), block);
+    CloseClipboard();
+}
+
+int HitTest(HWND view, int x, int y)
+{
+    int id = -1;
+    return SendMessageA(view, kHitTest, (WPARAM)&id, MAKELPARAM(x, y)) ? id : -1;
+}
+
+}  // namespace
+
+TEST_F(ConsoleView, HitTestsFindTheKeysOfEveryViewAndStrip)
+{
+    const std::pair<const char*, int> types[] = {{"ZEL4010", 0}, {"ORN-15CST", 4}, {"ELK-15CST", 5}, {"ELK-CSK", 3}};
+    for (const auto& type : types) {
+        SCOPED_TRACE(type.first);
+        design.Edit(std::string("ORNCST_1*type=") + type.first);
+        Paint();
+        for (const CONSOLEKEY& key : ConsoleKeys(type.second))
+            EXPECT_EQ(HitTest(view, key.left + 1, key.top + 1), key.id);
+        EXPECT_EQ(HitTest(view, 2, 430), -1);
+    }
+    design.Edit("ORNCST_1*type=ZEL4010");
+    design.Edit("ORNCST_1*ExtensionCount=2");
+    for (const CONSOLEKEY& key : ExtensionKeys(0, 1, 1))
+        EXPECT_EQ(HitTest(view, key.left + 1, key.top + 1), key.id);
+    EXPECT_EQ(HitTest(view, 311 * 1 + 467 + 39 + 64 * 3 + 1, 62 + 91 + 48 * 4 + 1), 54);
+}
+
+TEST_F(ConsoleView, PressesReachTheDeviceOnlyFromAConnectedConsole)
+{
+    SendMessageA(view, kEditMode, 0, 0);
+    Press(5);
+    EXPECT_EQ(GetCapture(), view);
+    Release(5);
+    EXPECT_EQ(Leds(), std::string(128, '0'));  // no connection, no line
+
+    ConnectAndSwitchOn();
+    Press(5);
+    EXPECT_EQ(Leds()[5], 'e');   // held: first LED fast, second lit
+    Release(5);
+    EXPECT_EQ(Leds()[5], '1');   // active: first LED slow
+    Press(5);
+    Release(5);
+    EXPECT_EQ(Leds()[5], '0');   // pressed again: idle
+
+    Press(7);
+    Release(8);                  // let go over another key: no "up"
+    EXPECT_EQ(Leds()[7], 'e');
+    EXPECT_NE(GetCapture(), view);
+    EXPECT_EQ(Leds()[8], '0');
+
+    SendMessageA(view, kEditMode, 0, 1);  // designing: clicks select
+    Press(9);
+    Release(9);
+    EXPECT_EQ(Leds()[9], '0');
+}
+
+TEST_F(ConsoleView, KeyMenusGreyWhatCannotBeDoneAndPasteOnlyKeyRecords)
+{
+    design.Edit("ORNCST_1*key003=Talk to Zone,1,0,0,50,0,0,1,0,0,0,0,0,0,0,0,Zone 1,1-Tone,");
+    MENURUN copy = KeyMenu(view, At(3), "Copy");
+    ASSERT_TRUE(copy.opened);
+    EXPECT_EQ(copy.items, (std::vector<std::string>{"Clear", "Copy", "Paste"}));
+    EXPECT_EQ(KeyMenu(view, At(4), "Paste").items[0], "Clear (greyed)");
+    EXPECT_EQ(design.Get("ORNCST_1", "key004"), design.Get("ORNCST_1", "key003"));
+
+    EXPECT_FALSE(KeyMenu(view, At(KEY_ESC), "Clear").opened);
+
+    PutOnClipboard(view, "not a key record");
+    KeyMenu(view, At(6), "Paste");
+    EXPECT_EQ(design.Get("ORNCST_1", "key006"), "Empty");
+
+    design.Edit("ORNCST_1*type=ORN-15CST");
+    Paint();
+    PutOnClipboard(view, kSystemFaults);
+    KeyMenu(view, At(3, 4), "Paste");
+    EXPECT_EQ(design.Get("ORNCST_1", "key003").rfind("Talk to Zone", 0), 0u);  // refused, kept
+    KeyMenu(view, At(KEY_DEL, 4), "Paste");
+    EXPECT_EQ(design.Get("ORNCST_1", "key115").rfind("System Faults", 0), 0u);
+
+    KeyMenu(view, At(3, 4), "Clear");
+    EXPECT_EQ(design.Get("ORNCST_1", "key003"), "Empty");
+    EXPECT_FALSE(KeyMenu(view, At(KEY_PTT, 4), "Clear").opened);
+}
+
+TEST_F(ConsoleView, SpecialKeysTakeTheirRoleFromTheMenu)
+{
+    MENURUN run = KeyMenu(view, At(121), "Key Switch");
+    ASSERT_TRUE(run.opened);
+    EXPECT_EQ(run.items[0], "Not Used (checked)");
+    EXPECT_EQ(design.Get("ORNCST_1", "key0121OptionState"), "2");
+    EXPECT_EQ(KeyMenu(view, At(121), "-").items[2], "Key Switch (checked)");
+}
+
+TEST_F(ConsoleView, NoMenuWhileTheConsoleRuns)
+{
+    ConnectAndSwitchOn();
+    a_AdvanceClock(1100);
+    console->OnTimer(0, 0);
+    ASSERT_NE(console->m_wFlags & HOSTFLAG_ONLINE, 0);
+    EXPECT_FALSE(KeyMenu(view, At(3), "Clear").opened);
+}
+
+TEST_F(ConsoleView, ExtensionsStopAtTheirLimitsWithTheirMessages)
+{
+    MESSAGEBOXCATCHER boxes;
+    for (int i = 0; i < 6; i++)
+        SendMessageA(view, WM_COMMAND, 20, 0);
+    EXPECT_EQ(design.Get("ORNCST_1", "ExtensionCount"), "5");
+    EXPECT_EQ(design.Get("ORNCST_1", "extensionTypes"), "1,1,1,1,1");
+    // Five strips side by side; where a sixth would stand there is nothing.
+    for (const CONSOLEKEY& key : ExtensionKeys(0, 4, 4))
+        EXPECT_EQ(HitTest(view, key.left + 1, key.top + 1), key.id);
+    for (const CONSOLEKEY& key : ExtensionKeys(0, 4, 5))
+        EXPECT_EQ(HitTest(view, key.left + 1, key.top + 1), -1);
+    for (int i = 0; i < 6; i++)
+        SendMessageA(view, WM_COMMAND, 3, 0);
+    EXPECT_EQ(design.Get("ORNCST_1", "ExtensionCount"), "0");
+    EXPECT_EQ(boxes.Texts(), (std::vector<std::string>{"Maximum number of extensions reached!",
+                                                       "No extension available for deletion!"}));
+    EXPECT_NE(console->m_wFlags & HOSTFLAG_EDITED, 0);
+}
+
+TEST_F(ConsoleView, PageButtonsShowOneExtensionAtATime)
+{
+    design.Edit("ORNCST_1*ExtensionCount=3");
+    SendMessageA(view, kSetPage, 0, 1);
+    char text[32] = "";
+    HWND third = GetDlgItem(view, 2003);
+    ASSERT_NE(third, nullptr);
+    GetWindowTextA(third, text, sizeof text);
+    EXPECT_STREQ(text, "Extension 3");
+    RECT r;
+    GetWindowRect(third, &r);
+    MapWindowPoints(NULL, view, (POINT*)&r, 2);
+    EXPECT_EQ(r.top, 90);
+    EXPECT_EQ(GetDlgItem(view, 2004), nullptr);
+    EXPECT_EQ(SendMessageA(GetDlgItem(view, 2000), BM_GETCHECK, 0, 0), BST_CHECKED);
+
+    SendMessageA(view, WM_COMMAND, 2003, (LPARAM)third);
+    EXPECT_EQ(SendMessageA(third, BM_GETCHECK, 0, 0), BST_CHECKED);
+    EXPECT_EQ(SendMessageA(GetDlgItem(view, 2000), BM_GETCHECK, 0, 0), BST_UNCHECKED);
+    bool slotKeys = true;
+    int found = 0;
+    // Keys are 31 by 18: a grid of 30 by 17 meets every one.
+    for (int x = 0; x < 505; x += 30)
+        for (int y = 0; y < 435; y += 17)
+            if (int id = HitTest(view, x, y); id >= 0) {
+                found++;
+                slotKeys = slotKeys && id >= 55 && id <= 74;
+            }
+    EXPECT_GE(found, 20);
+    EXPECT_TRUE(slotKeys);
+
+    SendMessageA(view, WM_COMMAND, 2009, 0);  // no such page: the page stays
+    EXPECT_EQ(HitTest(view, 81 + 39 + 1, 62 + 91 + 1), 55);
+}
+
+TEST_F(ConsoleView, LitLedsShowOnScreen)
+{
+    const int x = 32 + 221 + 2, y = 50 + 105 + 2;  // key 0's first LED
+    int width = 0;
+    std::vector<DWORD> off = WindowPixels(view, &width);
+    design.Edit("ORNCST_1*leds=3");
+    std::vector<DWORD> on = WindowPixels(view, &width);
+    ASSERT_FALSE(on.empty());
+    EXPECT_NE(off[(size_t)y * width + x], on[(size_t)y * width + x]);
+    EXPECT_EQ(on[(size_t)y * width + x] & 0xFFFFFF, 0x73D973u);
+}
+
+TEST_F(ConsoleView, LabelEditorStoresOnEnterAndDropsOnFocusLoss)
+{
+    const CONSOLEKEY key = Key(4);
+    const LPARAM box = MAKELPARAM(key.left + 2, key.top + 31);
+    SendMessageA(view, WM_LBUTTONDOWN, MK_LBUTTON, box);
+    HWND editor = GetDlgItem(view, kLabelEditor);
+    ASSERT_NE(editor, nullptr);
+    SetWindowTextA(editor, std::string(1024, 'x').c_str());
+    SendMessageA(editor, WM_KEYDOWN, VK_RETURN, 0);
+    EXPECT_FALSE(IsWindow(editor));
+    EXPECT_EQ(design.Get("ORNCST_1", "keylabel004"), std::string(31, 'x'));
+
+    SendMessageA(view, WM_LBUTTONDOWN, MK_LBUTTON, box);
+    editor = GetDlgItem(view, kLabelEditor);
+    ASSERT_NE(editor, nullptr);
+    SetWindowTextA(editor, "Lobby");
+    SendMessageA(editor, WM_KILLFOCUS, 0, 0);
+    EXPECT_FALSE(IsWindow(editor));
+    EXPECT_EQ(design.Get("ORNCST_1", "keylabel004"), std::string(31, 'x'));
+
+    const CONSOLEKEY wide = Key(KEY_WIDE);
+    SendMessageA(view, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(wide.left - 10, wide.top - 175));  // its box is read-only
+    EXPECT_EQ(GetDlgItem(view, kLabelEditor), nullptr);
+}
