@@ -69,3 +69,42 @@ TEST(Script, MalformedLinesSayWhy)
         EXPECT_FALSE(error.empty()) << line;
     }
 }
+
+TEST(Script, ConsoleViewCommands)
+{
+    SCRIPTCOMMAND command;
+    std::string error;
+    ASSERT_TRUE(ParseScriptLine("rclick Site*Floor1*ELKCST_3 121 Alarm Button", &command, &error));
+    EXPECT_EQ(command.verb, SCRIPT_RCLICK);
+    EXPECT_EQ(command.object, "Site*Floor1*ELKCST_3");
+    EXPECT_EQ(command.key, 121);
+    EXPECT_EQ(command.text, "Alarm Button");
+    ASSERT_TRUE(ParseScriptLine("label ORNCST_1 4", &command, &error));  // an empty label
+    EXPECT_EQ(command.verb, SCRIPT_LABEL);
+    EXPECT_EQ(command.text, "");
+    ASSERT_TRUE(ParseScriptLine("label ORNCST_1 4  Main  hall ", &command, &error));
+    EXPECT_EQ(command.text, "Main  hall");
+    ASSERT_TRUE(ParseScriptLine("release ORNCST_1 19", &command, &error));
+    EXPECT_EQ(command.verb, SCRIPT_RELEASE);
+    EXPECT_EQ(command.key, 19);
+    ASSERT_TRUE(ParseScriptLine("page ORNCST_1 3", &command, &error));
+    EXPECT_EQ(command.verb, SCRIPT_PAGE);
+    EXPECT_EQ(command.code, 3);
+    ASSERT_TRUE(ParseScriptLine("page ORNCST_1 buttons", &command, &error));
+    EXPECT_EQ(command.text, "buttons");
+    ASSERT_TRUE(ParseScriptLine("leds ORNCST_1 7 2", &command, &error));
+    EXPECT_EQ(command.key, 7);
+    EXPECT_EQ(command.code, 2);
+    EXPECT_EQ(command.value, 0);
+    ASSERT_TRUE(ParseScriptLine("leds ORNCST_1 7 1 3", &command, &error));
+    EXPECT_EQ(command.value, 3);
+    ASSERT_TRUE(ParseScriptLine("view ORNCST_1", &command, &error));
+    EXPECT_EQ(command.verb, SCRIPT_VIEW);
+
+    for (const char* bad : {"press ORNCST_1", "press ORNCST_1 x", "rclick ORNCST_1 3", "extension ORNCST_1 more",
+                            "page ORNCST_1 next", "leds ORNCST_1 7 4", "leds ORNCST_1 7 1 1 1", "leds ORNCST_1",
+                            "view"}) {
+        EXPECT_FALSE(ParseScriptLine(bad, &command, &error)) << bad;
+        EXPECT_FALSE(error.empty()) << bad;
+    }
+}

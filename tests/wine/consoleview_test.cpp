@@ -6,6 +6,8 @@
 #include <algorithm>
 
 #include "testhost.h"
+
+#include <commctrl.h>
 #include "../../plugin/console/keygeometry.h"
 
 namespace {
@@ -320,4 +322,109 @@ TEST_F(ConsoleView, LabelEditorStoresOnEnterAndDropsOnFocusLoss)
     const CONSOLEKEY wide = Key(KEY_WIDE);
     SendMessageA(view, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(wide.left - 10, wide.top - 175));  // its box is read-only
     EXPECT_EQ(GetDlgItem(view, kLabelEditor), nullptr);
+}
+
+namespace {
+
+// The text of the view's tool, from whichever tooltip window holds it.
+std::string TooltipText(HWND view)
+{
+    struct SEARCH {
+        HWND view;
+        std::string text;
+    } search = {view, ""};
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM context) -> BOOL {
+            SEARCH* s = reinterpret_cast<SEARCH*>(context);
+            char name[32] = "";
+            GetClassNameA(window, name, sizeof name);
+            if (strcmp(name, "tooltips_class32") != 0)
+                return TRUE;
+            wchar_t text[256] = L"";
+            TOOLINFOW tool = {};
+            tool.cbSize = sizeof tool;
+            tool.hwnd = s->view;
+            tool.lpszText = text;
+            SendMessageW(window, TTM_GETTEXTW, sizeof text / sizeof text[0], (LPARAM)&tool);
+            char narrow[256] = "";
+            WideCharToMultiByte(CP_ACP, 0, text, -1, narrow, sizeof narrow, NULL, NULL);
+            s->text = narrow;
+            return s->text.empty();
+        },
+        (LPARAM)&search);
+    return search.text;
+}
+
+}  // namespace
+
+TEST_F(ConsoleView, TooltipsNameTheKeyItsFunctionAndItsPins)
+{
+    design.Edit("ORNCST_1*key003=Talk to Zone,1,0,0,50,0,0,1,0,0,0,0,0,0,0,0,Zone 1,1-Tone,");
+    SendMessageA(view, WM_MOUSEMOVE, 0, At(3));
+    EXPECT_EQ(TooltipText(view), " ID:\t\t 3\n Function:\t Talk to Zone");
+    design.Edit("ORNCST_1*DecadicSelectionActive=1");
+    SendMessageA(view, WM_MOUSEMOVE, 0, At(4));
+    EXPECT_EQ(TooltipText(view), " ID:\t\t 4\n Function:\t Numeric key");
+
+    design.Edit("ORNCST_1*type=ELK-CSK");
+    Paint();
+    SendMessageA(view, WM_MOUSEMOVE, 0, At(KEY_WIDE, 3));
+    EXPECT_EQ(TooltipText(view),
+              " ID:\t\t 119\n Function:\t Empty\n Button:\t\t CN17/8\n Primary LED:\t CN12/6\n Secondary LED:\t CN12/5");
+}
+
+TEST_F(ConsoleView, KeysShowTheFillOfTheirConsole)
+{
+    // A blank key's rounded corner lets the fill through: grey on the fronts,
+    // the board's green on the boards.
+    const std::pair<const char*, int> types[] = {{"ZEL4010", 0}, {"ORN-15CST", 4}, {"ELK-15CST", 5}, {"ELK-CSK", 3}};
+    for (const auto& type : types) {
+        SCOPED_TRACE(type.first);
+        design.Edit(std::string("ORNCST_1*type=") + type.first);
+        int width = 0;
+        const std::vector<DWORD> pixels = WindowPixels(view, &width);
+        const CONSOLEKEY key = Key(14, type.second);
+        EXPECT_EQ(pixels[(size_t)key.top * width + key.left] & 0xFFFFFF, type.second == 3 ? 0x339966u : 0xBFBFBFu);
+    }
+}
+
+TEST_F(ConsoleView, ScrollingMovesThePictureAndItsHeader)
+{
+    design.Load({"control=0 DOVRIXC \"ORNCST_ZEL2\" 0x54000000 40,0,20x20", "ORNCST_ZEL2*type=ZEL4010",
+                 "ORNCST_ZEL2*ExtensionCount=1"});
+    HOSTINFO* zel = design.Object("ORNCST_ZEL2");
+    ASSERT_NE(zel, nullptr);
+    HWND other = CreateWindowExA(0, "DOVRIXCONSOLEVIEW", "", WS_CHILD | WS_VISIBLE, 18, 26, 505, 435, frame, NULL, NULL,
+                                 zel);
+    ASSERT_NE(other, nullptr);
+    HWND name = a_FindHwnd(zel, "name");
+    ASSERT_NE(name, nullptr);
+    EXPECT_TRUE(GetWindowLongA(name, GWL_STYLE) & WS_VISIBLE);
+    EXPECT_TRUE(IsWindowEnabled(name));
+    SendMessageA(other, kEditMode, 0, 0);
+    EXPECT_FALSE(IsWindowEnabled(name));
+    EXPECT_FALSE(GetWindowLongA(FindWindowExA(other, NULL, "STATIC", "StatLabel"), GWL_STYLE) & WS_VISIBLE);
+
+    RECT before, after;
+    GetWindowRect(name, &before);
+    const CONSOLEKEY key = Key(0);
+    EXPECT_EQ(HitTest(other, key.left + 1, key.top + 1), 0);
+    SendMessageA(other, WM_HSCROLL, SB_LINERIGHT, 0);
+    SendMessageA(other, WM_HSCROLL, SB_LINERIGHT, 0);
+    GetWindowRect(name, &after);
+    EXPECT_EQ(after.left, before.left - 20);
+    EXPECT_EQ(HitTest(other, key.left - 20 + 1, key.top + 1), 0);
+    SendMessageA(other, WM_HSCROLL, SB_LEFT, 0);
+    GetWindowRect(name, &after);
+    EXPECT_EQ(after.left, before.left);
+
+    design.Edit("ORNCST_ZEL2*type=ELK-CSK");
+    EXPECT_TRUE(GetWindowLongA(FindWindowExA(other, NULL, "STATIC", "StatLabel"), GWL_STYLE) & WS_VISIBLE);
+    DestroyWindow(other);
+
+    // Without "ZEL" in its name a console shows none of the four.
+    HWND plainName = a_FindHwnd(console, "name");
+    ASSERT_NE(plainName, nullptr);
+    EXPECT_FALSE(GetWindowLongA(plainName, GWL_STYLE) & WS_VISIBLE);
 }

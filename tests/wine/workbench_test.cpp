@@ -261,3 +261,43 @@ TEST(Workbench, FirmwareUpdateRunsToItsEnd)
                                  "fonts\\ZEL4k_FONT_2.fnt", "..\\..\\EVIL.bin", "..\\EVIL.bin"})
         EXPECT_EQ(GetFileAttributesA((std::string(temp) + leftover).c_str()), INVALID_FILE_ATTRIBUTES) << leftover;
 }
+
+TEST(Workbench, ConsoleViewPressesLabelsAndExtensions)
+{
+    const std::string folder = TempFolder();
+    const std::string script = WriteScript(
+        "view ORNCST_1\n"
+        "design off\n"
+        "press ORNCST_1 5\n"
+        "get ORNCST_1 leds\n"
+        "shot view:ORNCST_1 " + folder + "\\pressed.png\n"
+        "release ORNCST_1 5\n"
+        "get ORNCST_1 leds\n"
+        "design on\n"
+        "label ORNCST_1 16 Fire exit\n"
+        "get ORNCST_1 keylabel016\n"
+        "view ORNCST_4\n"
+        "rclick ORNCST_4 121 Alarm Button\n"
+        "get ORNCST_4 key0121OptionState\n"
+        "rclick ORNCST_4 116 Clear\n"
+        "extension ORNCST_4 add\n"
+        "extension ORNCST_4 remove\n"
+        "extension ORNCST_4 remove\n"
+        "press ORNCST_4 200\n"
+        "save " + folder + "\\saved.ds\n");
+    const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
+    EXPECT_EQ(run.exitCode, 1u) << run.err;  // the key that is not there
+    EXPECT_NE(run.err.find("the console view shows no key 200"), std::string::npos) << run.err;
+    EXPECT_NE(run.out.find("leds=00000e"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("leds=000001"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("keylabel016=Fire exit\n"), std::string::npos) << run.out;  // an extension key (ORNCST_1 has one)
+    EXPECT_NE(run.out.find("menu: Not Used (checked)\nmenu: Alarm Button\nmenu: Key Switch\nmenu: -\n"
+                           "menu: Clear (greyed)\nmenu: Copy\nmenu: Paste\nkey0121OptionState=1\nmenu: none\n"),
+              std::string::npos)
+        << run.out;
+    EXPECT_NE(run.out.find("messagebox: DOVRIXC: No extension available for deletion!"), std::string::npos) << run.out;
+    EXPECT_EQ(ReadFileBytes(folder + "\\pressed.png").substr(1, 3), "PNG");
+    const std::string saved = ReadFileBytes(folder + "\\saved.ds");
+    EXPECT_NE(saved.find("ORNCST_1*keylabel016=Fire exit\r\n"), std::string::npos);
+    EXPECT_NE(saved.find("ORNCST_4*key0121OptionState=1\r\n"), std::string::npos);
+}
