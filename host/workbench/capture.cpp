@@ -4,6 +4,8 @@
 // only the screen shows (a tooltip) is copied from the screen.
 #include "workbench.h"
 
+#include <algorithm>
+
 #include <objidl.h>  // gdiplus.h needs PROPID
 #include <gdiplus.h>
 
@@ -90,10 +92,14 @@ void PumpFor(DWORD milliseconds)
 
 }  // namespace
 
-bool SaveWindowPicture(HWND window, const char* path)
+bool SaveWindowPicture(HWND window, const char* path, const SIZE* limit)
 {
     RECT client;
     GetClientRect(window, &client);
+    if (limit) {
+        client.right = std::min(client.right, limit->cx);
+        client.bottom = std::min(client.bottom, limit->cy);
+    }
     if (client.right <= 0 || client.bottom <= 0)
         return false;
     WindowDC screen(NULL);

@@ -276,7 +276,8 @@ bool Picture(WORKBENCH* bench, const SCRIPTCOMMAND& command)
         HWND frame = ConsoleViewFrame(bench, target.substr(5));
         if (!frame)
             frame = OpenConsoleView(bench, target.substr(5));
-        return frame && SaveWindowPicture(frame, path);
+        SIZE used = {};
+        return frame && ConsoleViewExtent(frame, &used) && SaveWindowPicture(frame, path, &used);
     }
     if (target.rfind("page:", 0) == 0) {
         WIDGETPAGE* page = OpenWidgetPage(bench, target.substr(5));

@@ -262,6 +262,18 @@ HWND OpenConsoleView(WORKBENCH* bench, const std::string& name)
     return frame;
 }
 
+bool ConsoleViewExtent(HWND frame, SIZE* size)
+{
+    HWND view = ViewIn(frame);
+    if (!view)
+        return false;
+    RECT r;
+    GetWindowRect(view, &r);
+    MapWindowPoints(NULL, frame, (POINT*)&r, 2);
+    *size = SIZE{r.right + 18, r.bottom + 18};
+    return true;
+}
+
 void SetConsoleViewsEditMode(WORKBENCH* bench, bool designing)
 {
     for (const auto& entry : bench->consoleViews)

@@ -40,6 +40,8 @@ struct WORKBENCH {
 // Console views in frames of their own (consoleviews.cpp).
 HWND OpenConsoleView(WORKBENCH* bench, const std::string& name);
 HWND ConsoleViewFrame(WORKBENCH* bench, const std::string& name);
+// The part of a frame that the toolbar and the view take, with a margin.
+bool ConsoleViewExtent(HWND frame, SIZE* size);
 void SetConsoleViewsEditMode(WORKBENCH* bench, bool designing);
 // view, press, release, rclick, label, extension, page and leds.
 bool RunConsoleViewCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command);
@@ -103,6 +105,7 @@ bool RunFirmwareUpdate(WORKBENCH* bench, HOSTINFO* console, const std::string& p
 
 // Pictures as PNG files (capture.cpp): a window's client area drawn by the
 // window and its children themselves, or the screen under a top-level window.
-bool SaveWindowPicture(HWND window, const char* path);
+// A limit cuts the picture to the top-left part of that size.
+bool SaveWindowPicture(HWND window, const char* path, const SIZE* limit = nullptr);
 bool SaveScreenPicture(HWND window, const char* path);
 void PumpMessagesFor(DWORD milliseconds);
