@@ -214,8 +214,7 @@ bool ChoosePage(HWND view, const SCRIPTCOMMAND& command)
 // The console's LED states, one hexadecimal digit per key.
 bool SetLeds(HOSTINFO* console, const SCRIPTCOMMAND& command)
 {
-    static char leds[REQUEST_TEXT_SIZE];
-    ZeroMemory(leds, sizeof leds);
+    char leds[REQUEST_TEXT_SIZE] = "";
     REQUEST read = {REQ_READ, 0, REQTYPE_TEXT, REQMODE_EDIT, leds, "leds", nullptr};
     if (!SendMessageA(console->m_hWnd, WM_HOST_MESSAGE, 0, (LPARAM)&read) || command.key < 0 ||
         command.key >= (int)strlen(leds)) {

@@ -51,8 +51,7 @@ std::string KeyRecordText(CONSOLEPROPERTIES* c, int key)
 {
     char keyword[16];
     FormatText(keyword, sizeof keyword, "key%03d", key);
-    static char record[REQUEST_TEXT_SIZE];
-    record[0] = '\0';
+    char record[REQUEST_TEXT_SIZE] = "";
     REQUEST read = {REQ_READ, 0, REQTYPE_TEXT, REQMODE_EDIT, record, keyword, nullptr};
     c->OnMessage(0, (LPARAM)&read);
     return record;

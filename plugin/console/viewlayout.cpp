@@ -20,7 +20,7 @@
 namespace {
 
 const int kPageButtonShift = 63;
-const int kFrameToolbarId = 1001;      // the frame's strip above the view
+const int kFrameStripId = 1001;        // the frame's strip above the view (a tab strip)
 
 bool NameHasZel(const CONSOLEVIEW* view)
 {
@@ -103,7 +103,7 @@ void SizeFrame(HWND hwnd, int frameWidth, int stripWidth, int viewWidth)
         return;
     if (!IsZoomed(parent))
         SetWindowPos(parent, NULL, 0, 0, frameWidth, 800, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    if (HWND strip = GetDlgItem(parent, kFrameToolbarId))
+    if (HWND strip = GetDlgItem(parent, kFrameStripId))
         SetWindowPos(strip, NULL, 0, 0, stripWidth, 22, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     SetWindowPos(hwnd, NULL, 18, 26, viewWidth, 435, SWP_NOZORDER | SWP_NOACTIVATE);
 }

@@ -211,6 +211,11 @@ TEST_F(ConsoleView, KeyMenusGreyWhatCannotBeDoneAndPasteOnlyKeyRecords)
 
     KeyMenu(view, At(3, 4), "Clear");
     EXPECT_EQ(design.Get("ORNCST_1", "key003"), "Empty");
+    // A cleared alarm key leaves the alarm matrix.
+    design.Edit("ORNCST_1*key008=Alarm to Zone,0,1,0,90,7,ORNCON_1.Hall,Mic 3");
+    ASSERT_EQ(a_GetAlarmSourceCount(design.Root()), 1);
+    KeyMenu(view, At(8, 4), "Clear");
+    EXPECT_EQ(a_GetAlarmSourceCount(design.Root()), 0);
     EXPECT_FALSE(KeyMenu(view, At(KEY_PTT, 4), "Clear").opened);
 }
 
