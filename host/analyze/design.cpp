@@ -60,8 +60,9 @@ LRESULT DESIGN::OnLoad(WPARAM mode, LPARAM line)
     return a_LoadLine(this, reinterpret_cast<const char*>(line), (int)mode);
 }
 
-// The alarm matrix: alarm keys announce themselves as "CONSOLE.keyN".
-LRESULT DESIGN::AddAlarmSource(REQUEST* request)
+// The alarm matrix: alarm keys announce themselves as "CONSOLE.keyN"; a
+// cleared alarm key leaves it.
+LRESULT DESIGN::ChangeAlarmSources(REQUEST* request, bool add)
 {
     request->index = 1;
     if (request->operation == REQ_LOOKUP)
@@ -69,21 +70,11 @@ LRESULT DESIGN::AddAlarmSource(REQUEST* request)
     if (request->operation != REQ_WRITE || request->type != REQTYPE_TEXT || !request->value)
         return 0;
     const std::string source = static_cast<const char*>(request->value);
-    if (std::find(alarmSources.begin(), alarmSources.end(), source) == alarmSources.end())
+    const auto found = std::find(alarmSources.begin(), alarmSources.end(), source);
+    if (add && found == alarmSources.end())
         alarmSources.push_back(source);
-    return 1;
-}
-
-// A cleared alarm key leaves the matrix.
-LRESULT DESIGN::RemoveAlarmSource(REQUEST* request)
-{
-    request->index = 1;
-    if (request->operation == REQ_LOOKUP)
-        return 1;
-    if (request->operation != REQ_WRITE || request->type != REQTYPE_TEXT || !request->value)
-        return 0;
-    const std::string source = static_cast<const char*>(request->value);
-    alarmSources.erase(std::remove(alarmSources.begin(), alarmSources.end(), source), alarmSources.end());
+    else if (!add && found != alarmSources.end())
+        alarmSources.erase(found);
     return 1;
 }
 
@@ -99,10 +90,8 @@ LRESULT DESIGN::OnMessage(WPARAM, LPARAM lParam)
     else if (request->value)
         name = static_cast<const char*>(request->value);
 
-    if (name == kAddAlarmId)
-        return AddAlarmSource(request);
-    if (name == kRemoveAlarmId)
-        return RemoveAlarmSource(request);
+    if (name == kAddAlarmId || name == kRemoveAlarmId)
+        return ChangeAlarmSources(request, name == kAddAlarmId);
     int index = 0;
     for (size_t i = 0; i < variables.size(); i++)
         if (variables[i].first == name)

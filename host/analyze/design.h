@@ -22,8 +22,7 @@ public:
     LRESULT OnMessage(WPARAM, LPARAM request) override;
 
     void AppendOutput(const char* line);
-    LRESULT AddAlarmSource(REQUEST* request);
-    LRESULT RemoveAlarmSource(REQUEST* request);
+    LRESULT ChangeAlarmSources(REQUEST* request, bool add);
     bool SetVariable(const std::string& name, const std::string& value);
 
     HWND surface;

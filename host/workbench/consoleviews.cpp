@@ -35,19 +35,6 @@ LRESULT CALLBACK FrameWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
     }
 }
 
-bool RegisterFrameClass()
-{
-    WNDCLASSA wc = {};
-    if (GetClassInfoA(GetModuleHandleA(NULL), kFrameClass, &wc))
-        return true;
-    wc.lpfnWndProc = FrameWndProc;
-    wc.hInstance = GetModuleHandleA(NULL);
-    wc.hCursor = LoadCursor(NULL, IDC_ARROW);
-    wc.hbrBackground = (HBRUSH)a_GetObject(HOSTOBJECT_FACEBRUSH);
-    wc.lpszClassName = kFrameClass;
-    return RegisterClassA(&wc) != 0;
-}
-
 HWND ViewIn(HWND frame)
 {
     return frame && IsWindow(frame) ? GetDlgItem(frame, kViewId) : NULL;
@@ -233,7 +220,7 @@ bool SetLeds(HOSTINFO* console, const SCRIPTCOMMAND& command)
 HWND OpenConsoleView(WORKBENCH* bench, const std::string& name)
 {
     HOSTINFO* console = a_FindHostinfo(name.c_str());
-    if (!console || !console->m_hWnd || !RegisterFrameClass()) {
+    if (!console || !console->m_hWnd || !RegisterFaceClass(kFrameClass, FrameWndProc)) {
         fprintf(stderr, "workbench: no console %s\n", name.c_str());
         return NULL;
     }

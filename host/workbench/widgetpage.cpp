@@ -57,19 +57,6 @@ LRESULT CALLBACK PageWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPar
     }
 }
 
-bool RegisterPageClass()
-{
-    WNDCLASSA wc = {};
-    if (GetClassInfoA(GetModuleHandleA(NULL), kPageClass, &wc))
-        return true;
-    wc.lpfnWndProc = PageWndProc;
-    wc.hInstance = GetModuleHandleA(NULL);
-    wc.hCursor = LoadCursor(NULL, IDC_ARROW);
-    wc.hbrBackground = (HBRUSH)a_GetObject(HOSTOBJECT_FACEBRUSH);
-    wc.lpszClassName = kPageClass;
-    return RegisterClassA(&wc) != 0;
-}
-
 struct BINDING {
     const char* text;
 };
@@ -90,7 +77,7 @@ WIDGETPAGE* OpenWidgetPage(WORKBENCH* bench, const std::string& object)
     auto found = bench->pages.find(object);
     if (found != bench->pages.end())
         return found->second.get();
-    if (!a_FindHostinfo(object.c_str()) || !RegisterPageClass())
+    if (!a_FindHostinfo(object.c_str()) || !RegisterFaceClass(kPageClass, PageWndProc))
         return nullptr;
     auto page = std::make_unique<WIDGETPAGE>();
     char title[HOSTNAME_SIZE + 16];

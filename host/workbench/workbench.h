@@ -46,6 +46,9 @@ void SetConsoleViewsEditMode(WORKBENCH* bench, bool designing);
 // view, press, release, rclick, label, extension, page and leds.
 bool RunConsoleViewCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command);
 
+// A window class of the workbench with the host's face colour (registered once).
+bool RegisterFaceClass(const char* name, WNDPROC procedure);
+
 // Builds (once) and returns the widget page of an object; null without one.
 WIDGETPAGE* OpenWidgetPage(WORKBENCH* bench, const std::string& object);
 void CloseWidgetPages(WORKBENCH* bench);

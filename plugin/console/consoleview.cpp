@@ -357,12 +357,16 @@ LRESULT View_HitTest(CONSOLEVIEW* view, WPARAM wParam, LPARAM lParam)
     return 1;
 }
 
+// The page a user chose stays chosen while its extension is still there.
 void View_ConsoleChanged(HWND hwnd, CONSOLEVIEW* view)
 {
+    const int chosen = view->selectedPage;
     ShowScrollBar(hwnd, SB_HORZ, FALSE);
     ClearViewLayout(view);
     view->frame = PictureFrameOf(ConsoleType(view));
     BuildViewLayout(hwnd, view, IsBoardView(ConsoleType(view)) ? 0 : view->page);
+    if (view->page == 1 && chosen > 0 && SlotOfPage(view->console->m_settings.extensionSlots, chosen) >= 0)
+        ShowExtensionPage(hwnd, view, chosen);
 }
 
 void View_SetEditMode(CONSOLEVIEW* view, LPARAM lParam)

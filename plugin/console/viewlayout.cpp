@@ -79,7 +79,7 @@ void AddStrip(CONSOLEVIEW* view, int slot, int position)
     AddKeys(view, ExtensionKeys(type, slot, position));
     AddLeds(view, ExtensionLeds(type, slot, position));
     AddLabels(view, ExtensionKeyLabels(type, slot, position));
-    view->stripSlots[view->stripCount++] = slot;
+    view->stripCount++;
 }
 
 void ShowHeader(CONSOLEVIEW* view)

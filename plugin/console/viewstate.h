@@ -25,8 +25,7 @@ struct CONSOLEVIEW {
     int page = 0;                          // 0 side by side, 1 with page buttons
     int extensionPages = 0;                // extensions present, 0 to 5
     int selectedPage = 0;                  // 0 the console, k extension slot k - 1
-    int stripSlots[EXTENSION_SLOT_COUNT] = {};  // slot drawn at each strip position
-    int stripCount = 0;
+    int stripCount = 0;                    // extension pictures drawn
     bool showConsole = true;               // false on an extension's own page
     int dragMode = 0;                      // 1: rubber band
     RECT rubberBand = {};

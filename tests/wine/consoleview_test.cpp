@@ -290,6 +290,11 @@ TEST_F(ConsoleView, PageButtonsShowOneExtensionAtATime)
 
     SendMessageA(view, WM_COMMAND, 2009, 0);  // no such page: the page stays
     EXPECT_EQ(HitTest(view, 81 + 39 + 1, 62 + 91 + 1), 55);
+    design.Edit("ORNCST_1*type=ORN-15CST");   // a changed console keeps the chosen page
+    EXPECT_EQ(HitTest(view, 81 + 39 + 1, 62 + 91 + 1), 55);
+    design.Edit("ORNCST_1*ExtensionCount=2"); // unless its extension went
+    EXPECT_EQ(HitTest(view, 81 + 39 + 1, 62 + 91 + 1), -1);
+    EXPECT_EQ(HitTest(view, 63 + 32 + 231 + 1, 50 + 102 + 1), 0);
 }
 
 TEST_F(ConsoleView, LitLedsShowOnScreen)
