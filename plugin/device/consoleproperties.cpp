@@ -4,6 +4,9 @@
 
 #include "consolekeywords.h"
 #include "designlines.h"
+#include "../console/consoleview.h"
+#include "../console/keygeometry.h"
+#include "../console/ledstates.h"
 
 #include "../../base/text.h"
 #include "../../base/banned.h"
@@ -76,7 +79,7 @@ void CONSOLEPROPERTIES::NotifyConsoleView(UINT message, WPARAM wParam, LPARAM lP
 
 int CONSOLEPROPERTIES::GlobalIndicatorState() const
 {
-    return (m_ledStates[CONSOLE_KEY_COUNT - 5] & 3) != 0 ? 2 : 1;  // key 123, the PTT key
+    return LedModeOf(m_ledStates[KEY_PTT], false) != LED_OFF ? 2 : 1;
 }
 
 LRESULT CONSOLEPROPERTIES::OnLoad(WPARAM mode, LPARAM lParam)
@@ -207,7 +210,7 @@ LRESULT CONSOLEPROPERTIES::OnTimer(WPARAM, LPARAM)
         }
         if (m_hConfiguration && IsWindow(m_hConfiguration))
             SendMessageA(m_hConfiguration, WM_USER + 16, 0, alive ? 0 : 1);
-        NotifyConsoleView(WM_USER + 16, 0, alive ? 0 : 1);
+        NotifyConsoleView(CVM_SETEDITMODE, 0, alive ? 0 : 1);
     }
     if (alive) {
         const uint8_t previous = m_masterFault;

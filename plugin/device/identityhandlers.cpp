@@ -6,6 +6,7 @@
 #include "handlerkit.h"
 #include "handlers.h"
 #include "partner.h"
+#include "../console/consoleview.h"
 
 #include "../../base/banned.h"
 
@@ -48,7 +49,7 @@ int TypeHandler(REQUEST* r, CONSOLEPROPERTIES* c)
         return 0;
     c->m_model = model;
     c->RefreshCanvas(true);
-    c->NotifyConsoleView(WM_USER + 12, 0, 0);
+    c->NotifyConsoleView(CVM_CONSOLECHANGED, 0, 0);
     return 1;
 }
 

@@ -8,6 +8,8 @@
 #include "handlers.h"
 #include "partner.h"
 #include "../keys/keycatalogue.h"
+#include "../console/consoleview.h"
+#include "../console/keygeometry.h"
 
 #include "../../base/banned.h"
 
@@ -63,7 +65,7 @@ int KeyHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key)
     if (answer && r->operation == REQ_WRITE && IsAlarmKey(c->m_keys[key]))
         AnnounceAlarm(c, key);
     if (answer && r->operation == REQ_WRITE)
-        c->NotifyConsoleView(WM_USER + 13, 0, key);
+        c->NotifyConsoleView(CVM_KEYCHANGED, 0, key);
     return answer;
 }
 
@@ -81,7 +83,7 @@ int OptionStateHandler(REQUEST* r, CONSOLEPROPERTIES* c, int special)
     if (!IsWrite(r, REQTYPE_TEXT) || !ScanDecimal(TextOf(r), &value) || value < 0 || value > 2)
         return 0;
     state = (uint8_t)value;
-    c->NotifyConsoleView(WM_USER + 13, 0, 120 + special);
+    c->NotifyConsoleView(CVM_KEYCHANGED, 0, KEY_SPECIAL_FIRST + special);
     return 1;
 }
 

@@ -4,6 +4,7 @@
 #include "family.h"
 #include "handlerkit.h"
 #include "handlers.h"
+#include "../console/consoleview.h"
 #include "../console/ledstates.h"
 
 #include "../../base/banned.h"
@@ -21,7 +22,7 @@ int KeyLabelHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key)
 {
     const int answer = StoredText(r, c->m_settings.keyLabels[key], KEYLABEL_SIZE);
     if (answer && r->operation == REQ_WRITE)
-        c->NotifyConsoleView(WM_USER + 13, 0, key);
+        c->NotifyConsoleView(CVM_KEYCHANGED, 0, key);
     return answer;
 }
 
@@ -71,7 +72,7 @@ int ExtensionCountHandler(REQUEST* r, CONSOLEPROPERTIES* c)
         return 0;
     SetExtensionCount(c, count);
     c->RefreshCanvas(true);
-    c->NotifyConsoleView(WM_USER + 12, 0, 0);
+    c->NotifyConsoleView(CVM_CONSOLECHANGED, 0, 0);
     return 1;
 }
 
@@ -89,7 +90,7 @@ int DecadicSelectionHandler(REQUEST* r, CONSOLEPROPERTIES* c)
 {
     const int answer = StoredToggle(r, &c->m_settings.decadicSelectionActive);
     if (answer && r->operation == REQ_WRITE)
-        c->NotifyConsoleView(WM_USER + 13, 0, -1);  // the numeric keys change their look
+        c->NotifyConsoleView(CVM_KEYCHANGED, 0, -1);  // the numeric keys change their look
     return answer;
 }
 
@@ -106,7 +107,7 @@ int LedsHandler(REQUEST* r, CONSOLEPROPERTIES* c)
         return AnswerText(r, "%s", FormatLedStates(c->m_ledStates).c_str());
     if (!IsWrite(r, REQTYPE_TEXT) || !ParseLedStates(TextOf(r), c->m_ledStates))
         return 0;
-    c->NotifyConsoleView(WM_USER + 14, 0, 0);
+    c->NotifyConsoleView(CVM_REFRESHLEDS, 0, 0);
     return 1;
 }
 
