@@ -414,6 +414,7 @@ bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command)
     case SCRIPT_EXTENSION:
     case SCRIPT_PAGE:
     case SCRIPT_LEDS:
+    case SCRIPT_SCROLL:
         ok = RunConsoleViewCommand(bench, command);
         break;
     case SCRIPT_WIDGETS:

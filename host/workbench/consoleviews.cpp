@@ -294,6 +294,10 @@ bool RunConsoleViewCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command)
         PumpMessagesFor(50);
         return true;
     case SCRIPT_PAGE: return ChoosePage(view, command);
+    case SCRIPT_SCROLL:
+        SendMessageA(view, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, command.code), 0);
+        PumpMessagesFor(50);
+        return true;
     default: return false;
     }
 }

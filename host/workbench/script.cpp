@@ -180,6 +180,14 @@ bool ParseScriptLine(const std::string& rawLine, SCRIPTCOMMAND* command, std::st
         command->code = number;
         return true;
     }
+    if (verb == "scroll") {
+        std::string position;
+        if (!LastWord(rest, &command->object, &position) || !ParseInt(position.c_str(), &command->code) ||
+            command->code < 0 || command->code > 0xFFFF)
+            return Fail(error, "scroll needs OBJECT X");
+        command->verb = SCRIPT_SCROLL;
+        return true;
+    }
     if (verb == "leds") {
         std::istringstream words(rest);
         std::string key, first, second, extra;

@@ -38,6 +38,7 @@
 //   page OBJ N|side|buttons   page button N (0 the console, k extension slot k-1), or
 //                           the layout side by side or with page buttons
 //   leds OBJ KEY MODE [MODE2] sets the modes (0-3) of KEY's first and second LED
+//   scroll OBJ X            moves the console view's scroll box to X
 //   # ...                   a comment; blank lines are skipped
 #pragma once
 
@@ -78,6 +79,7 @@ enum SCRIPTVERB {
     SCRIPT_EXTENSION,
     SCRIPT_PAGE,
     SCRIPT_LEDS,
+    SCRIPT_SCROLL,
 };
 
 struct SCRIPTCOMMAND {

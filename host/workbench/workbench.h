@@ -43,7 +43,7 @@ HWND ConsoleViewFrame(WORKBENCH* bench, const std::string& name);
 // The part of a frame that the toolbar and the view take, with a margin.
 bool ConsoleViewExtent(HWND frame, SIZE* size);
 void SetConsoleViewsEditMode(WORKBENCH* bench, bool designing);
-// view, press, release, rclick, label, extension, page and leds.
+// view, press, release, rclick, label, extension, page, leds and scroll.
 bool RunConsoleViewCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command);
 
 // A window class of the workbench with the host's face colour (registered once).

@@ -317,8 +317,8 @@ void View_Scroll(HWND hwnd, CONSOLEVIEW* view, WPARAM wParam)
     case SB_PAGELEFT: position -= kScrollStep; break;
     case SB_LINERIGHT:
     case SB_PAGERIGHT: position += kScrollStep; break;
-    case SB_THUMBPOSITION:
-    case SB_THUMBTRACK: position = info.nTrackPos; break;
+    case SB_THUMBPOSITION: position = HIWORD(wParam); break;
+    case SB_THUMBTRACK: position = info.nTrackPos; break;  // all 32 bits while dragging
     case SB_LEFT: position = 0; break;
     case SB_RIGHT: position = kScrollRightEnd; break;
     default: return;

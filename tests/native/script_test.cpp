@@ -98,12 +98,15 @@ TEST(Script, ConsoleViewCommands)
     EXPECT_EQ(command.value, 0);
     ASSERT_TRUE(ParseScriptLine("leds ORNCST_1 7 1 3", &command, &error));
     EXPECT_EQ(command.value, 3);
+    ASSERT_TRUE(ParseScriptLine("scroll ORNCST_1 300", &command, &error));
+    EXPECT_EQ(command.verb, SCRIPT_SCROLL);
+    EXPECT_EQ(command.code, 300);
     ASSERT_TRUE(ParseScriptLine("view ORNCST_1", &command, &error));
     EXPECT_EQ(command.verb, SCRIPT_VIEW);
 
     for (const char* bad : {"press ORNCST_1", "press ORNCST_1 x", "rclick ORNCST_1 3", "extension ORNCST_1 more",
                             "page ORNCST_1 next", "leds ORNCST_1 7 4", "leds ORNCST_1 7 1 1 1", "leds ORNCST_1",
-                            "view"}) {
+                            "view", "scroll ORNCST_1 -5", "scroll ORNCST_1"}) {
         EXPECT_FALSE(ParseScriptLine(bad, &command, &error)) << bad;
         EXPECT_FALSE(error.empty()) << bad;
     }
