@@ -24,6 +24,7 @@ enum {
     IDM_DEVICE_OFF,
     IDM_DEVICE_CLEARFAULTS,
     IDM_DEVICE_CONFIGURATION,
+    IDM_DEVICE_CONSOLEVIEW,
     IDM_ABOUT,
     IDM_DEVICE_FAULT = 200,  // + fault word 1 .. 10
 };
@@ -63,6 +64,7 @@ HMENU BuildMenu()
     AppendMenuA(device, MF_STRING, IDM_DEVICE_CLEARFAULTS, "&Clear faults");
     AppendMenuA(device, MF_SEPARATOR, 0, NULL);
     AppendMenuA(device, MF_STRING, IDM_DEVICE_CONFIGURATION, "Open &configuration");
+    AppendMenuA(device, MF_STRING, IDM_DEVICE_CONSOLEVIEW, "Console &view");
     HMENU help = CreatePopupMenu();
     AppendMenuA(help, MF_STRING, IDM_ABOUT, "&About...");
     HMENU bar = CreateMenu();
@@ -149,6 +151,8 @@ void Frame_Device(HWND hwnd, WORKBENCH* bench, int id)
             ok = a_SimulateDevice(console->m_szName, ("Faults" + std::to_string(word)).c_str(), 0) != FALSE;
     } else if (id == IDM_DEVICE_CONFIGURATION) {
         SendMessageA(console->m_hWnd, WM_HOST_CONTEXTCOMMAND, 0, 1);
+    } else if (id == IDM_DEVICE_CONSOLEVIEW) {
+        OpenConsoleView(bench, console->m_szName);
     } else {
         const int word = id - IDM_DEVICE_FAULT;
         ok = a_SimulateDevice(console->m_szName, ("Faults" + std::to_string(word)).c_str(), 1) != FALSE;
@@ -187,6 +191,7 @@ void Frame_Command(HWND hwnd, FRAME* frame, int id)
         CheckMenuItem(GetMenu(hwnd), IDM_DESIGNMODE, designing ? MF_CHECKED : MF_UNCHECKED);
         bench->designMode = designing;
         a_SetDesignMode(bench->design, designing ? 1 : 0);
+        SetConsoleViewsEditMode(bench, designing);
         break;
     }
     case IDM_ABOUT: {
