@@ -284,7 +284,7 @@ LRESULT View_Command(HWND hwnd, CONSOLEVIEW* view, WPARAM wParam, LPARAM lParam)
     const WORD id = LOWORD(wParam);
     const WORD code = HIWORD(wParam);
     if (code == LABELEDITOR_ENTER) {
-        StoreEditedLabel(hwnd, view, GetDlgItem(hwnd, id % 4096));
+        StoreEditedLabel(view, GetDlgItem(hwnd, id % 4096));
         return 0;
     }
     if (code == 2)

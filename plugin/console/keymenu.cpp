@@ -35,16 +35,14 @@ void RemoveAlarm(CONSOLEPROPERTIES* c, int key)
         WriteVariable(matrix, "Matrix.RemoveAlarmID", source, REQTYPE_TEXT);
 }
 
-void ClearKey(HWND hwnd, CONSOLEVIEW* view, int key)
+void ClearKey(CONSOLEVIEW* view, int key)
 {
     CONSOLEPROPERTIES* c = view->console;
     if (c->m_keys[key].functionId / 10 == 8)
         RemoveAlarm(c, key);
     char line[32];
     FormatText(line, sizeof line, "key%03d=", key);
-    c->LoadEdit(line);
-    PostMessageA(hwnd, CVM_KEYCHANGED, 0, key);
-    InvalidateRect(hwnd, NULL, TRUE);
+    c->LoadEdit(line);  // the console tells the view
 }
 
 std::string KeyRecordText(CONSOLEPROPERTIES* c, int key)
@@ -118,16 +116,13 @@ void PasteKey(HWND hwnd, CONSOLEVIEW* view, int key)
     }
     const std::string line = FormatString("key%03d=", key) + record;
     view->console->LoadEdit(line.c_str());
-    PostMessageA(hwnd, CVM_KEYCHANGED, 0, key);
-    InvalidateRect(hwnd, NULL, TRUE);
 }
 
-void SetSpecialMode(HWND hwnd, CONSOLEVIEW* view, int key, int mode)
+void SetSpecialMode(CONSOLEVIEW* view, int key, int mode)
 {
     char line[48];
     FormatText(line, sizeof line, "key0%dOptionState=%d", key, mode);
     view->console->LoadEdit(line);
-    InvalidateRect(hwnd, NULL, TRUE);
 }
 
 void PrepareMenu(HMENU popup, const CONSOLEVIEW* view, int key, bool special)
@@ -179,7 +174,7 @@ void RunKeyCommand(HWND hwnd, CONSOLEVIEW* view, int key, UINT command)
         return;
     switch (command) {
     case IDM_KEY_CLEAR:
-        ClearKey(hwnd, view, key);
+        ClearKey(view, key);
         break;
     case IDM_KEY_COPY:
         CopyKey(hwnd, view, key);
@@ -191,7 +186,7 @@ void RunKeyCommand(HWND hwnd, CONSOLEVIEW* view, int key, UINT command)
     case IDM_SPECIAL_ALARMBUTTON:
     case IDM_SPECIAL_KEYSWITCH:
         if (key >= KEY_SPECIAL_FIRST && key <= KEY_SPECIAL_LAST)
-            SetSpecialMode(hwnd, view, key, (int)(command - IDM_SPECIAL_NOTUSED));
+            SetSpecialMode(view, key, (int)(command - IDM_SPECIAL_NOTUSED));
         break;
     default:
         break;

@@ -98,7 +98,7 @@ void CloseLabelEditor(CONSOLEVIEW* view)
 }
 
 // Enter in the editor: at most 31 characters become the key's label.
-void StoreEditedLabel(HWND hwnd, CONSOLEVIEW* view, HWND editor)
+void StoreEditedLabel(CONSOLEVIEW* view, HWND editor)
 {
     if (view->editedKey < 0 || view->editedKey >= CONSOLE_KEY_COUNT || !editor)
         return;
@@ -106,6 +106,5 @@ void StoreEditedLabel(HWND hwnd, CONSOLEVIEW* view, HWND editor)
     GetWindowTextA(editor, text, sizeof text);
     char line[32 + KEYLABEL_SIZE];
     FormatText(line, sizeof line, "keylabel%03d=%s", view->editedKey, text);
-    view->console->LoadEdit(line);
-    InvalidateRect(hwnd, NULL, TRUE);
+    view->console->LoadEdit(line);  // the console tells the view
 }

@@ -65,7 +65,7 @@ void BlinkLeds(HWND hwnd, CONSOLEVIEW* view, int phase);
 // labeleditor.cpp
 void OpenLabelEditor(HWND hwnd, CONSOLEVIEW* view, const CONSOLEKEYLABEL& label);
 void CloseLabelEditor(CONSOLEVIEW* view);
-void StoreEditedLabel(HWND hwnd, CONSOLEVIEW* view, HWND editor);
+void StoreEditedLabel(CONSOLEVIEW* view, HWND editor);
 
 // keymenu.cpp
 void ShowKeyMenu(HWND hwnd, CONSOLEVIEW* view, POINT screen);
