@@ -120,10 +120,10 @@ void CreatePageButtons(HWND hwnd, CONSOLEVIEW* view)
 {
     DestroyPageButtons(view);
     HFONT font = a_GetFont("MS Sans Serif,8");
-    for (const PAGEBUTTON& spec : PageButtons(view->console->m_settings.extensionSlots)) {
-        const DWORD style = spec.id == IDC_PAGEBUTTON_CONSOLE ? 0x54020000 : 0x50000000;
-        HWND button = CreateWindowExA(WS_EX_TRANSPARENT, "CSAUTORADIOBUTTON", spec.text.c_str(), style, 0, spec.y, 75,
-                                      30, hwnd, (HMENU)(INT_PTR)spec.id, ModuleInstance(),
+    for (const PAGEBUTTON& page : PageButtons(view->console->m_settings.extensionSlots)) {
+        const DWORD style = page.id == IDC_PAGEBUTTON_CONSOLE ? 0x54020000 : 0x50000000;
+        HWND button = CreateWindowExA(WS_EX_TRANSPARENT, "CSAUTORADIOBUTTON", page.text.c_str(), style, 0, page.y, 75,
+                                      30, hwnd, (HMENU)(INT_PTR)page.id, ModuleInstance(),
                                       NULL);
         if (!button)
             continue;

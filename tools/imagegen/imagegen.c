@@ -1354,8 +1354,8 @@ static int ConsoleViewImages(const char* folder)
     failures += KeyStrip(folder, "returnkey108.png", 95, 38, &grey);
     failures += KeyStrip(folder, "returnkey198.png", 95, 29, &darkBlue);
     failures += KeyStrip(folder, "returnkey199.png", 95, 29, &darkOrange);
-    failures += SpecialStrip(folder, "special193.bmp", boardGreen);
-    failures += SpecialStrip(folder, "special156.bmp", keyField);
+    failures += SpecialStrip(folder, "rolekeys193.bmp", boardGreen);
+    failures += SpecialStrip(folder, "rolekeys156.bmp", keyField);
     failures += LedStrip(folder, "led109.bmp", 5, 5, Hex(0x73D973));
     failures += LedStrip(folder, "led112.bmp", 5, 5, Hex(0xD9D973));
     failures += LedStrip(folder, "led111.bmp", 5, 5, Hex(0xD97373));
