@@ -1,7 +1,6 @@
 // The root object of a design: its variables and its output window.
 #include "design.h"
 
-#include "controller.h"
 
 #include <algorithm>
 
@@ -131,7 +130,6 @@ void DESIGN::AppendOutput(const char* line)
 
 HOSTINFO* a_CreateDesign(HWND surface, HWND output)
 {
-    RegisterControllerClasses();
     DESIGN* design = new DESIGN(surface, output);
     OpenDesigns().push_back(design);
     return design;
@@ -149,8 +147,6 @@ void a_DestroyDesign(HOSTINFO* root)
             DestroyWindow(obj->m_hWnd);
     auto& designs = OpenDesigns();
     designs.erase(std::remove(designs.begin(), designs.end(), design), designs.end());
-    for (CONTROLLER* retired : design->retired)
-        delete retired;
     delete design;
 }
 

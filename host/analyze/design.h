@@ -2,13 +2,11 @@
 // for it. Internal to Analyze.dll.
 #pragma once
 
-#include "analyze.h"
+#include "analyze_host.h"
 
 #include <string>
 #include <utility>
 #include <vector>
-
-class CONTROLLER;
 
 class DESIGN final : public HOSTINFO {
 public:
@@ -20,6 +18,9 @@ public:
     LRESULT OnLoad(WPARAM mode, LPARAM line) override;
     // Serves the design's host variables ("projectversion") to plug-ins.
     LRESULT OnMessage(WPARAM, LPARAM request) override;
+    // Every object of the design, by name: how plug-ins walk a design.
+    BOOL HasHostinfoTable() override { return TRUE; }
+    CHashTable* GetHostinfoTable() override { return &byName; }
 
     void AppendOutput(const char* line);
     LRESULT ChangeAlarmSources(REQUEST* request, bool add);
@@ -34,9 +35,6 @@ public:
     HOSTINFO* selection = nullptr;   // the object the user selected
     WORD mode = 0;                   // the objects' mode word: 0 run, 1 design
     int objectsAdded = 0;            // numbers the objects: their m_nConsoleNumber
-    // Deleted controllers: their windows are gone, but consoles may still
-    // point to them; freed with the design.
-    std::vector<CONTROLLER*> retired;
     std::vector<std::string> alarmSources;  // "Matrix.AddAlarmID": "CONSOLE.keyN" of alarm keys
 };
 

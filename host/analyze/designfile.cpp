@@ -4,7 +4,6 @@
 #include <string>
 
 #include "design.h"
-#include "controller.h"
 #include "designtext.h"
 
 #include "../../base/text.h"
@@ -29,19 +28,6 @@ void Refuse(DESIGN* design, const LINESOURCE& source, const char* what, const st
 HOSTINFO* FindObjectOf(DESIGN* design, const std::string& name)
 {
     return static_cast<HOSTINFO*>(design->byName.Lookup(name.c_str()));
-}
-
-// "CONTROLLER.DOVRIXCSTModule": a controller's console module takes lines too
-// (the key presses of its consoles).
-HOSTINFO* FindModuleOf(DESIGN* design, const std::string& name)
-{
-    const size_t dot = name.find('.');
-    if (dot == std::string::npos)
-        return nullptr;
-    CONTROLLER* controller = AsController(FindObjectOf(design, name.substr(0, dot)));
-    if (!controller || controller->deleted || name != controller->module.m_szName)
-        return nullptr;
-    return &controller->module;
 }
 
 bool CreateFromControlLine(DESIGN* design, const DESIGNLINE& line, const LINESOURCE& source)
@@ -94,8 +80,6 @@ bool CreateFromControlLine(DESIGN* design, const DESIGNLINE& line, const LINESOU
 bool LoadObjectLine(DESIGN* design, const DESIGNLINE& line, int mode, const LINESOURCE& source)
 {
     HOSTINFO* obj = FindObjectOf(design, line.object);
-    if (!obj)
-        obj = FindModuleOf(design, line.object);
     if (!obj) {
         Refuse(design, source, "Unknown object", line.object);
         return false;

@@ -1,5 +1,5 @@
-// The framework's owned lists: strings, requests and connections.
-#include "analyze.h"
+// The framework's owned lists: strings (the connection list among them) and requests.
+#include "analyze_host.h"
 
 #include <stdlib.h>
 #include <string.h>
@@ -52,46 +52,15 @@ void a_EmptyRequestList(REQUESTLIST* list)
     }
 }
 
-BOOL a_AddConnection(HOSTINFO* obj, LPCSTR text, HOSTINFO* target)
-{
-    if (!obj || !text)
-        return FALSE;
-    CONNECTION* connection = (CONNECTION*)calloc(1, sizeof(CONNECTION));
-    char* copy = _strdup(text);
-    if (!connection || !copy) {
-        free(connection);
-        free(copy);
-        return FALSE;
-    }
-    connection->text = copy;
-    connection->target = target;
-    CONNECTION** tail = &obj->m_pConnections;
-    while (*tail)
-        tail = &(*tail)->next;
-    *tail = connection;
-    return TRUE;
-}
-
-void a_EmptyConnectionList(HOSTINFO* obj)
-{
-    if (!obj)
-        return;
-    while (CONNECTION* connection = obj->m_pConnections) {
-        obj->m_pConnections = connection->next;
-        free(connection->text);
-        free(connection);
-    }
-}
-
-LPSTR a_BuildString(const CONNECTION* list, LPSTR text, int size)
+LPSTR a_BuildString(const STRINGLIST* list, LPSTR text, int size)
 {
     if (!text || size <= 0)
         return text;
     text[0] = '\0';
-    for (const CONNECTION* connection = list; connection; connection = connection->next) {
-        if (connection != list)
+    for (const STRINGITEM* item = list ? list->first : nullptr; item; item = item->next) {
+        if (item != list->first)
             AppendText(text, (size_t)size, ",");
-        AppendText(text, (size_t)size, connection->text);
+        AppendText(text, (size_t)size, item->text ? item->text : "");
     }
     return text;
 }

@@ -82,7 +82,7 @@ void a_CleanHostinfo(HOSTINFO* obj)
 {
     if (!obj)
         return;
-    a_EmptyConnectionList(obj);
+    a_EmptyStringList(&obj->m_connections);
     delete obj->m_pChildTable;
     obj->m_pChildTable = NULL;
 }

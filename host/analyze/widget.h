@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "analyze.h"
+#include "analyze_host.h"
 #include "widgetattributes.h"
 
 class WIDGET final : public HOSTINFO {

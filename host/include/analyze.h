@@ -1,4 +1,8 @@
-// Analyze: the host framework's interface for device plug-ins.
+// Analyze: the host framework's interface for device plug-ins: what the
+// framework offers a plug-in and nothing more. A plug-in that imports a name
+// the framework lacks does not load in the real host, so the stand-in's own
+// operations (the design document, the clock, the output window's lines)
+// are in analyze_host.h, which plug-ins never include.
 //
 // A design is a tree of HOSTINFO objects. The root object stands for the
 // design document (its window is the design surface, it holds the output
@@ -56,7 +60,8 @@ enum { HOSTNAME_SIZE = 128 };
 
 class HOSTINFO;
 
-// A string list: the framework's singly linked list of owned texts.
+// A string list: the framework's singly linked list of texts. Items and
+// their texts are allocated with a_Calloc; a_EmptyStringList frees both.
 struct STRINGITEM {
     char* text;
     STRINGITEM* next;
@@ -74,11 +79,13 @@ struct REQUESTLIST {
     REQUESTITEM* first;
 };
 
-// A connection: the text "OBJECT.PORT" and the object it reaches, when known.
+// The connection list is a string list whose items are connections: the
+// text "OBJECT.PORT" and the object it reaches, when known. The string item
+// comes first, so the list is linked, joined (a_BuildString) and emptied
+// (a_EmptyStringList) as any string list; entries come from a_Calloc.
 struct CONNECTION {
-    char* text;
+    STRINGITEM item;
     HOSTINFO* target;
-    CONNECTION* next;
 };
 
 // What the host hands a window it creates from a control line
@@ -113,17 +120,16 @@ private:
     int m_count;
 };
 
-class HOSTINFOTABLE;
-
 class ANALYZE_INLINE_CLASS HOSTINFO {
 public:
     HOSTINFO()
         : m_hWnd(NULL), m_wFlags(0), m_hNotify(NULL), m_pHost(NULL),
-          m_pConnections(NULL), m_pChildTable(NULL), m_wKind(0), m_wMode(0),
+          m_pChildTable(NULL), m_wKind(0), m_wMode(0),
           m_nHostField500(0), m_nConsoleNumber(0)
     {
         SetRectEmpty(&m_rect);
         m_szName[0] = '\0';
+        m_connections.first = NULL;
         m_strings.first = NULL;
         m_requests.first = NULL;
     }
@@ -136,7 +142,9 @@ public:
     }
 
     ANALYZE_INLINE virtual BOOL HasHostinfoTable() { return FALSE; }
-    ANALYZE_INLINE virtual HOSTINFOTABLE* GetHostinfoTable() { return NULL; }
+    // The table of the objects below this one, by name (the root's holds
+    // every object of the design).
+    ANALYZE_INLINE virtual CHashTable* GetHostinfoTable() { return NULL; }
     virtual LRESULT OnLoad(WPARAM /*mode*/, LPARAM /*line*/) { return 0; }
     virtual LRESULT OnSave(WPARAM /*pass*/, LPARAM /*file*/) { return 0; }
     virtual LRESULT OnSaveToListCtrl(WPARAM, LPARAM /*listview*/) { return 0; }
@@ -194,7 +202,7 @@ public:
     HWND m_hNotify;               // receives WM_HOST_LOADED
     char m_szName[HOSTNAME_SIZE]; // full name, parent path included
     HOSTINFO* m_pHost;            // owner; null for the root
-    CONNECTION* m_pConnections;   // connection list
+    STRINGLIST m_connections;     // connection list: CONNECTION items
     STRINGLIST m_strings;         // general string list (the layer list)
     REQUESTLIST m_requests;       // pending requests
     CHashTable* m_pChildTable;    // the host's table of child windows by name
@@ -212,7 +220,7 @@ private:
         m_hNotify = other.m_hNotify;
         CopyMemory(m_szName, other.m_szName, sizeof m_szName);
         m_pHost = other.m_pHost;
-        m_pConnections = other.m_pConnections;
+        m_connections = other.m_connections;
         m_strings = other.m_strings;
         m_requests = other.m_requests;
         m_pChildTable = other.m_pChildTable;
@@ -300,15 +308,12 @@ public:
 };
 
 // ---- Objects of the design ------------------------------------------------
+// A design is walked through its root's table (GetHostinfoTable).
 
 // The root object of the design that obj belongs to (obj itself for the root).
 ANALYZE_API HOSTINFO* a_FindRootHostinfo(HOSTINFO* obj);
 // The object of the design with this full name, or null.
 ANALYZE_API HOSTINFO* a_FindHostinfo(LPCSTR name);
-// Calls visit for every object of every open design in creation order until
-// it answers FALSE. Returns FALSE when the walk was stopped.
-typedef BOOL (*HOSTINFOVISITOR)(HOSTINFO* obj, void* context);
-ANALYZE_API BOOL a_EnumHostinfo(HOSTINFOVISITOR visit, void* context);
 // Fills the object's base fields from its window and the creation record.
 ANALYZE_API BOOL a_InitializeHostinfo(HOSTINFO* obj, HWND hwnd, const HOSTCREATE* create);
 // Adds obj to the objects of its host object, and numbers it.
@@ -322,22 +327,19 @@ ANALYZE_API BOOL a_RemoveHostinfo(HOSTINFO* host, HOSTINFO* obj);
 ANALYZE_API void a_DestroyChildWindows(HOSTINFO* obj);
 // Draws the selection marks of a selected object on its window's DC.
 ANALYZE_API void a_DrawSelection(HOSTINFO* obj, HDC hdc);
-// The design's selected object (one at most; null clears the selection).
-ANALYZE_API BOOL a_SetSelection(HOSTINFO* root, HOSTINFO* obj);
-ANALYZE_API HOSTINFO* a_GetSelection(HOSTINFO* root);
-// The mode word of every object of the design, now and when added: 0 while
-// the design runs, non-zero while it is edited (objects then hand their mouse
-// input to the design surface).
-ANALYZE_API BOOL a_SetDesignMode(HOSTINFO* root, WORD mode);
+// Reads a design file into the design of root. Returns FALSE when the file
+// cannot be read; refused lines are reported in the output window and skipped.
+ANALYZE_API BOOL a_LoadFile(HOSTINFO* root, LPCSTR path);
 
 // ---- Lists ----------------------------------------------------------------
+// a_AddString is the host's layer-list function beside a_EmptyStringList: it
+// appends a copy of text to a string list (the layer list of "layer").
 
 ANALYZE_API BOOL a_AddString(STRINGLIST* list, LPCSTR text);
 ANALYZE_API void a_EmptyStringList(STRINGLIST* list);
 ANALYZE_API void a_EmptyRequestList(REQUESTLIST* list);
-// Appends a connection; target may be null when it is not known yet.
-ANALYZE_API BOOL a_AddConnection(HOSTINFO* obj, LPCSTR text, HOSTINFO* target);
-ANALYZE_API void a_EmptyConnectionList(HOSTINFO* obj);
+// Zeroed memory from the framework's heap: what its lists free.
+ANALYZE_API void* a_Calloc(size_t count, size_t size);
 
 // ---- Texts ----------------------------------------------------------------
 
@@ -350,11 +352,10 @@ ANALYZE_API BOOL a_GetParameter(LPCSTR line, LPSTR value, int size);
 // "%d,%d,%dx%d" of left, top, width and height.
 ANALYZE_API LPSTR a_GetRectString(const RECT* rect, LPSTR text, int size);
 // The connection string of a connection list (texts joined by ",").
-ANALYZE_API LPSTR a_BuildString(const CONNECTION* list, LPSTR text, int size);
+ANALYZE_API LPSTR a_BuildString(const STRINGLIST* list, LPSTR text, int size);
 // "FOLDER\name" below the host's folder, and below its temporary folder.
 ANALYZE_API LPSTR a_MakeFullPathName(LPCSTR name, LPSTR path, int size);
 ANALYZE_API LPSTR a_MakeFullTempPathName(LPCSTR name, LPSTR path, int size);
-ANALYZE_API void* a_Calloc(size_t count, size_t size);
 
 // ---- Resources of the host ------------------------------------------------
 
@@ -385,15 +386,6 @@ ANALYZE_API HFONT a_GetFont(LPCSTR spec);
 ANALYZE_API HWND a_CreateControl(int mode, HOSTINFO* owner, HWND parent, char* line);
 // The widget of owner named so, or null.
 ANALYZE_API HWND a_FindHwnd(HOSTINFO* owner, LPCSTR name);
-// What a widget shows: its value, text or caption.
-ANALYZE_API BOOL a_GetControlText(HWND widget, LPSTR text, int size);
-
-// ---- Time -----------------------------------------------------------------
-
-// The host's clock in milliseconds: GetTickCount, plus whatever time a host
-// that simulates time has added (the workbench's "tick").
-ANALYZE_API DWORD a_GetTickCount();
-ANALYZE_API void a_AdvanceClock(DWORD milliseconds);
 
 // ---- Diagnostics ----------------------------------------------------------
 
@@ -401,41 +393,3 @@ ANALYZE_API void a_AdvanceClock(DWORD milliseconds);
 ANALYZE_API void TRACE(LPCSTR format, ...) __attribute__((format(gnu_printf, 1, 2)));
 // A line for the user in the output window of obj's design.
 ANALYZE_API void EDITTRACE(HOSTINFO* obj, LPCSTR format, ...) __attribute__((format(gnu_printf, 2, 3)));
-ANALYZE_API BOOL a_SetTraceFile(LPCSTR path);
-
-// ---- The design document (used by host applications) ----------------------
-// A host application starts GDI+ before it loads plug-ins: plug-ins load
-// their images while they attach.
-
-// Creates the root object of a design: surface is the parent of the objects'
-// windows, output the edit control of the output window (either may be null).
-ANALYZE_API HOSTINFO* a_CreateDesign(HWND surface, HWND output);
-ANALYZE_API void a_DestroyDesign(HOSTINFO* root);
-// Reads a design file into the design. Returns FALSE when the file cannot be
-// read; refused lines are reported in the output window and skipped.
-ANALYZE_API BOOL a_LoadFile(HOSTINFO* root, LPCSTR path);
-// Hands one design-file line to the design (mode 1 when it comes from a file).
-ANALYZE_API BOOL a_LoadLine(HOSTINFO* root, LPCSTR line, int mode);
-// Writes the design: host lines, then pass 0 and pass 1 of every object.
-ANALYZE_API BOOL a_SaveFile(HOSTINFO* root, LPCSTR path);
-// Host variables of the design ("projectversion"), served by the root's
-// OnMessage as text (at most HOSTTEXT_SIZE - 1 characters are copied).
-enum { HOSTTEXT_SIZE = 260 };
-ANALYZE_API BOOL a_SetVariable(HOSTINFO* root, LPCSTR name, LPCSTR value);
-// The lines written to the design's output window, oldest first.
-ANALYZE_API int a_GetOutputLineCount(HOSTINFO* root);
-ANALYZE_API BOOL a_GetOutputLine(HOSTINFO* root, int index, LPSTR text, int size);
-// Whether an object of the design was edited since loading or saving.
-ANALYZE_API BOOL a_IsModified(HOSTINFO* root);
-
-// The design's alarm matrix: the sources announced under "Matrix.AddAlarmID"
-// (to the design or to a controller), in the order they came.
-ANALYZE_API int a_GetAlarmSourceCount(HOSTINFO* root);
-ANALYZE_API BOOL a_GetAlarmSource(HOSTINFO* root, int index, LPSTR text, int size);
-
-// The simulated devices behind the design's controllers ("ORNCON_n",
-// "ELKCON_n"). object names a controller, whose variable is set ("CAN.Baudrate"
-// for "ORNCON_1.CAN.Baudrate", or a controller-wide name such as "online"), or
-// a console known to a controller, whose device variable is set ("Faults3",
-// "FirmwareRevision5"; "online" switches the device on or off).
-ANALYZE_API BOOL a_SimulateDevice(LPCSTR object, LPCSTR variable, int value);

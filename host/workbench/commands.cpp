@@ -54,7 +54,7 @@ bool CallPlugin(WORKBENCH* bench, int code)
 
 bool Simulate(const SCRIPTCOMMAND& command, const char* variable, int value)
 {
-    if (!a_SimulateDevice(command.object.c_str(), variable, value)) {
+    if (!SimulateDevice(command.object.c_str(), variable, value)) {
         fprintf(stderr, "workbench: no simulated %s of %s\n", variable, command.object.c_str());
         return false;
     }

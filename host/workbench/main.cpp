@@ -63,12 +63,7 @@ void PluginPath(const OPTIONS& options, char* path, size_t size)
         CopyText(path, size, options.plugin);
         return;
     }
-    char module[MAX_PATH];
-    GetModuleFileNameA(NULL, module, sizeof module);
-    char* slash = strrchr(module, '\\');
-    if (slash)
-        slash[1] = '\0';
-    FormatText(path, size, "%sDOVRIXC.dll", slash ? module : "");
+    HostFolderFile("DOVRIXC.dll", path, size);
 }
 
 int Run(const OPTIONS& options)

@@ -42,7 +42,13 @@ void Tick(int milliseconds)
 
 bool LoadPlugin(WORKBENCH* bench, const char* path)
 {
-    bench->plugin = LoadLibraryA(path);
+    char controllers[MAX_PATH];
+    HostFolderFile(kControllersDll, controllers, sizeof controllers);
+    if (!LoadDevicePlugin(controllers)) {
+        fprintf(stderr, "workbench: cannot load the controllers %s (error %lu)\n", controllers, GetLastError());
+        return false;
+    }
+    bench->plugin = LoadDevicePlugin(path);
     if (!bench->plugin) {
         fprintf(stderr, "workbench: cannot load the plug-in %s (error %lu)\n", path, GetLastError());
         return false;

@@ -9,7 +9,8 @@
 #include <memory>
 #include <string>
 
-#include "analyze.h"
+#include "analyze_host.h"
+#include "plugins.h"
 #include "script.h"
 
 // The poll timer of device objects' windows (the canvas's fault LED).
@@ -59,7 +60,8 @@ const UINT WM_BENCH_SELECTED = WM_APP + 200;
 // The host's own item of an object's context menu.
 const UINT kDeleteCommand = 1000;
 
-// Loads the plug-in DLL and finds its fnCallback. False with a message on stderr.
+// Loads the simulated controllers from the workbench's folder, then the
+// plug-in DLL, and finds its fnCallback. False with a message on stderr.
 bool LoadPlugin(WORKBENCH* bench, const char* path);
 // Starts a new empty design on bench->surface / bench->output, dropping the old one.
 void NewDesign(WORKBENCH* bench);

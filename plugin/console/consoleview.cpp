@@ -39,7 +39,7 @@ const CONSOLEKEY* KeyUnder(const CONSOLEVIEW* view, LPARAM lParam)
 
 bool HasConnection(const CONSOLEVIEW* view)
 {
-    return view->console->m_pConnections && view->console->m_pConnections->text;
+    return FirstConnectionText(view->console) != nullptr;
 }
 
 // A press or release goes to the running system as a design line.
@@ -51,7 +51,7 @@ void SendKeyLine(const CONSOLEVIEW* view, int key, const char* what)
     if (!root || root == view->console)
         return;
     char line[HOSTNAME_SIZE + 32];
-    FormatText(line, sizeof line, "%s*key%03d=%s", view->console->m_pConnections->text, key, what);
+    FormatText(line, sizeof line, "%s*key%03d=%s", FirstConnectionText(view->console), key, what);
     root->OnLoad(0, (LPARAM)line);
 }
 

@@ -49,9 +49,9 @@ HWND RootWindow(CONSOLEPROPERTIES* c)
 // The controller object of the console's connection ("CONTROLLER.PORT").
 HOSTINFO* ControllerOf(CONSOLEPROPERTIES* c, char* port, size_t portSize)
 {
-    if (!c->m_pConnections || !c->m_pConnections->text)
+    const char* text = FirstConnectionText(c);
+    if (!text)
         return nullptr;
-    const char* text = c->m_pConnections->text;
     const char* dot = strchr(text, '.');
     char controller[HOSTNAME_SIZE];
     CopyTextN(controller, sizeof controller, text, dot ? (size_t)(dot - text) : strlen(text));
@@ -137,7 +137,7 @@ void Canvas_Destroy(HWND hwnd, CONSOLEPROPERTIES* c)
 
 void Canvas_Poll(HWND hwnd, CONSOLEPROPERTIES* c)
 {
-    if (!c->m_pConnections || !c->m_pPartner)
+    if (!FirstConnection(c) || !c->m_pPartner)
         return;
     int faultLed = c->m_faultLed;
     uint8_t reportFaults = c->m_reportFaultsCache;

@@ -89,7 +89,7 @@ void SendKeyConfiguration(CONSOLEPROPERTIES* c)
 // will not be connected anywhere afterwards.
 void Disconnect(CONSOLEPROPERTIES* c, bool staysConnected)
 {
-    const CONNECTIONTEXT old = SplitConnection(c->m_pConnections->text);
+    const CONNECTIONTEXT old = SplitConnection(FirstConnectionText(c));
     if (HOSTINFO* controller = a_FindHostinfo(old.controller.c_str())) {
         if (!staysConnected && c->m_pPartner)
             WriteMonitoring(c, 0);
@@ -98,7 +98,7 @@ void Disconnect(CONSOLEPROPERTIES* c, bool staysConnected)
         if (controller->OnDisconnectSource(c->m_szName, position))
             c->m_pPartner = nullptr;
     }
-    a_EmptyConnectionList(c);
+    EmptyConnections(c);
 }
 
 // Tries the console's address and the ones above it, up to 16.
@@ -117,7 +117,7 @@ bool Connect(CONSOLEPROPERTIES* c, const CONNECTIONTEXT& next, const char* text)
             break;
     }
     c->m_settings.address = address;
-    a_AddConnection(c, text, controller);
+    AddConnection(c, text, controller);
     c->m_pPartner = controller;
     ResendSettings(c);
     SendKeyConfiguration(c);
@@ -126,19 +126,19 @@ bool Connect(CONSOLEPROPERTIES* c, const CONNECTIONTEXT& next, const char* text)
 
 int ReadConnection(REQUEST* r, CONSOLEPROPERTIES* c)
 {
-    if (!c->m_pConnections) {
+    const CONNECTION* first = FirstConnection(c);
+    if (!first) {
         AnswerText(r, "No Connection");
         return 0;
     }
-    const CONNECTION* first = c->m_pConnections;
-    const CONNECTIONTEXT parts = SplitConnection(first->text);
+    const CONNECTIONTEXT parts = SplitConnection(first->item.text);
     HOSTINFO* target = first->target ? first->target : a_FindHostinfo(parts.controller.c_str());
     if (!target)
         return 0;
     char* text = TextOf(r);
     if (!target->m_hWnd || !SendMessageA(target->m_hWnd, WM_HOST_GETDISPLAYTEXT, 0, (LPARAM)text))
         CopyText(text, REQUEST_TEXT_SIZE, target->m_szName);
-    if (const char* dot = strchr(first->text, '.'))
+    if (const char* dot = strchr(first->item.text, '.'))
         AppendText(text, REQUEST_TEXT_SIZE, dot);
     return 1;
 }
@@ -156,8 +156,8 @@ int ConnectionHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     const CONNECTIONTEXT next = SplitConnection(text.c_str());
     const uint8_t monitoring = c->m_settings.fireEmergencyMonitoring;
     std::string oldController;
-    if (c->m_pConnections) {
-        oldController = SplitConnection(c->m_pConnections->text).controller;
+    if (const char* current = FirstConnectionText(c)) {
+        oldController = SplitConnection(current).controller;
         Disconnect(c, next.valid);
     }
 

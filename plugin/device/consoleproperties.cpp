@@ -158,7 +158,7 @@ LRESULT CONSOLEPROPERTIES::OnSave(WPARAM pass, LPARAM lParam)
         }
     } else if (pass == 1) {
         char connection[kLineSize];
-        a_BuildString(m_pConnections, connection, sizeof connection);
+        a_BuildString(&m_connections, connection, sizeof connection);
         FormatText(line, sizeof line, "%s*connection=%s\r\n", m_szName, connection);
         WriteLine(file, line);
     }
@@ -192,12 +192,13 @@ LRESULT CONSOLEPROPERTIES::OnSaveToListCtrl(WPARAM, LPARAM lParam)
 
 LRESULT CONSOLEPROPERTIES::OnTimer(WPARAM, LPARAM)
 {
-    const DWORD now = a_GetTickCount();
+    const DWORD now = GetTickCount();
     if (now - m_lastPoll < 1001)
         return 0;
     m_lastPoll = now;
 
-    if (!m_pConnections || !m_pConnections->target || !m_pPartner || !IsWindow(m_pPartner->m_hWnd))
+    const CONNECTION* first = FirstConnection(this);
+    if (!first || !first->target || !m_pPartner || !IsWindow(m_pPartner->m_hWnd))
         return 0;
     const uint8_t alive = m_pPartner->OnIsAlive(0, (LPARAM)this) ? 1 : 0;
     if (alive != m_online) {

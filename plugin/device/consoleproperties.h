@@ -4,6 +4,7 @@
 
 #include "analyze.h"
 
+#include "connectionlist.h"
 #include "consolesettings.h"
 #include "keywordtable.h"
 #include "../keys/keyrecord.h"

@@ -81,9 +81,9 @@ constexpr auto kStateFlags = MakeFamily<StateFlagsHandler, 9>();
 // The controller's name and the port, from "CONTROLLER.PORT".
 bool ConnectionParts(CONSOLEPROPERTIES* c, char* controller, size_t controllerSize, char* port, size_t portSize)
 {
-    if (!c->m_pConnections || !c->m_pConnections->text)
+    const char* text = FirstConnectionText(c);
+    if (!text)
         return false;
-    const char* text = c->m_pConnections->text;
     const char* dot = strchr(text, '.');
     if (!dot)
         return false;

@@ -50,9 +50,10 @@ struct MONITORSEARCH {
     bool found;
 };
 
-BOOL FindMonitoringConsole(HOSTINFO* obj, void* context)
+BOOL FindMonitoringConsole(LPCSTR, void* value, void* context)
 {
     MONITORSEARCH* search = static_cast<MONITORSEARCH*>(context);
+    HOSTINFO* obj = static_cast<HOSTINFO*>(value);
     if (!strstr(obj->m_szName, "ELKCST_") && !strstr(obj->m_szName, "ORNCST_"))
         return TRUE;
     if (search->rule == MONITORSEARCH_SKIP_NAMES_WITH_OWN && strstr(obj->m_szName, search->self->m_szName))
@@ -70,7 +71,11 @@ BOOL FindMonitoringConsole(HOSTINFO* obj, void* context)
 bool AnotherConsoleMonitors(const CONSOLEPROPERTIES* self, MONITORSEARCHRULE rule)
 {
     MONITORSEARCH search = {self, rule, false};
-    a_EnumHostinfo(FindMonitoringConsole, &search);
+    // The root's table holds every object of the design.
+    HOSTINFO* root = a_FindRootHostinfo(const_cast<CONSOLEPROPERTIES*>(self));
+    CHashTable* objects = root ? root->GetHostinfoTable() : nullptr;
+    if (objects)
+        objects->Enumerate(FindMonitoringConsole, &search);
     return search.found;
 }
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "../../host/analyze/simdevice.h"
+#include "../../host/controllers/simdevice.h"
 
 TEST(SimDevice, NewDeviceReportsItsFirmwareAndNoFault)
 {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "../../host/analyze/simupload.h"
+#include "../../host/controllers/simupload.h"
 
 TEST(SimUpload, RequestFields)
 {

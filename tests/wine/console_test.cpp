@@ -307,7 +307,7 @@ TEST(Console, TimerPollsAtMostOnceASecond)
     HOSTINFO* console = design.Object("ORNCST_1");
     FAKEPORT port;
     port.m_hWnd = design.Surface();
-    a_AddConnection(console, "ORNCON_1.CST1", &port);
+    AddConnection(console, "ORNCON_1.CST1", &port);
     static_cast<CONSOLEPROPERTIES*>(console)->m_pPartner = &port;
 
     console->OnTimer(0, 0);

@@ -57,7 +57,7 @@ protected:
     void ConnectAndSwitchOn()
     {
         design.Edit("ORNCST_1*connection=ORNCON_1.DOVRIXCSTModule");
-        ASSERT_TRUE(a_SimulateDevice("ORNCST_1", "online", 1));
+        ASSERT_TRUE(SimulateDevice("ORNCST_1", "online", 1));
     }
 
     TESTDESIGN design;

@@ -187,7 +187,7 @@ TEST_F(Widgets, ToggleFlipsTheBoundVariableAndBack)
 
 TEST_F(Widgets, ButtonClickReachesTheDevice)
 {
-    a_SimulateDevice("ORNCST_1", "online", 1);
+    SimulateDevice("ORNCST_1", "online", 1);
     a_AdvanceClock(5000);
     HWND counter = Widget("0 BSTATIC \"watchdog\" 0x54000000 10,40,60x16",
                           {"datatype=s", "function=Watchdog.Counter", "connection=ORNCST_1"});

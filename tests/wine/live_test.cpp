@@ -88,7 +88,7 @@ TEST_F(Live, MirroredSettingsFollowTheDeviceBothWays)
     EXPECT_EQ(Variable("ORNCON_1", "ORNCST_1.BGM_Menu"), 1);
     design.Edit("ORNCST_1*preChimeActive=1");
     EXPECT_EQ(Variable("ORNCON_1", "ORNCST_1.PreChimeAllowed"), 1);
-    ASSERT_TRUE(a_SimulateDevice("ORNCST_1", "Compressor", 0));
+    ASSERT_TRUE(SimulateDevice("ORNCST_1", "Compressor", 0));
     EXPECT_EQ(Get("Compressor"), "0");
     design.Edit("ORNCST_1*FaultMaskTest=1");
     EXPECT_EQ(Variable("ORNCON_1", "ORNCST_1.FaultMaskTest"), 1);
@@ -135,7 +135,7 @@ TEST_F(Live, AnOnlineConsoleKeepsItsIdentity)
 {
     design.Load({"ORNCST_1*name=Desk", "ORNCST_1*priority=2"});
     Connect();
-    a_SimulateDevice("ORNCST_1", "online", 1);
+    SimulateDevice("ORNCST_1", "online", 1);
     PollAfterASecond();
     ASSERT_TRUE(design.Object("ORNCST_1")->m_wFlags & HOSTFLAG_ONLINE);
     design.Edit("ORNCST_1*connection=ELKCON_1.DOVRIXCSTModule");
@@ -149,7 +149,7 @@ TEST_F(Live, AnOnlineConsoleKeepsItsIdentity)
     EXPECT_EQ(Get("address"), "1");
     EXPECT_EQ(Get("ExtensionCount"), "0");
 
-    a_SimulateDevice("ORNCST_1", "online", 0);
+    SimulateDevice("ORNCST_1", "online", 0);
     PollAfterASecond();
     EXPECT_FALSE(design.Object("ORNCST_1")->m_wFlags & HOSTFLAG_ONLINE);
     design.Edit("ORNCST_1*name=Other");
@@ -161,21 +161,21 @@ TEST_F(Live, ReportedValuesInTheirForms)
     EXPECT_EQ(Get("Runtime"), "");
     EXPECT_EQ(Get("slot"), "1");  // no partner: the last slot known, counted from 1
     Connect();
-    a_SimulateDevice("ORNCST_1", "online", 1);
+    SimulateDevice("ORNCST_1", "online", 1);
 
     EXPECT_EQ(Get("baudrate"), "125 KBit/s");
-    a_SimulateDevice("ORNCON_1", "CAN.Baudrate", 62);
+    SimulateDevice("ORNCON_1", "CAN.Baudrate", 62);
     EXPECT_EQ(Get("baudrate"), "62.5 KBit/s");
 
     EXPECT_EQ(Get("BootFirmware.Revision"), "1.0.5");
     for (auto [byte, value] : {std::pair{6, 3}, {7, 2}, {8, 1}, {9, 1}})
-        a_SimulateDevice("ORNCST_1", ("FirmwareRevision" + std::to_string(byte)).c_str(), value);
+        SimulateDevice("ORNCST_1", ("FirmwareRevision" + std::to_string(byte)).c_str(), value);
     EXPECT_EQ(Get("Firmware.Revision"), "V1.2.3A");
-    a_SimulateDevice("ORNCST_1", "FirmwareRevision5", 0);
+    SimulateDevice("ORNCST_1", "FirmwareRevision5", 0);
     LRESULT answer = 0;
     EXPECT_EQ(design.Get("ORNCST_1", "Firmware.Revision", &answer), "");
     EXPECT_EQ(answer, 1);
-    a_SimulateDevice("ORNCST_1", "FirmwareRevision1", 0);
+    SimulateDevice("ORNCST_1", "FirmwareRevision1", 0);
     EXPECT_EQ(Get("BootFirmware.Revision"), "");
 
     EXPECT_EQ(Get("slot"), "1");
@@ -185,11 +185,11 @@ TEST_F(Live, ReportedValuesInTheirForms)
     design.Edit("ORNCST_1*Watchdog.Clear=1");
     EXPECT_EQ(Get("Watchdog.Counter"), "0c");
 
-    a_SimulateDevice("ORNCST_1", "Faults4", 7);
-    a_SimulateDevice("ORNCST_1", "DeviceErrorsFlags8", 2);
+    SimulateDevice("ORNCST_1", "Faults4", 7);
+    SimulateDevice("ORNCST_1", "DeviceErrorsFlags8", 2);
     EXPECT_EQ(Get("Faults4"), "7");
     EXPECT_EQ(Get("StateFlags8"), "2");
-    a_SimulateDevice("ORNCST_1", "FlashProgramPercent", 40);
+    SimulateDevice("ORNCST_1", "FlashProgramPercent", 40);
     EXPECT_EQ(Get("Update.Percent"), "40%");
 }
 
@@ -200,10 +200,10 @@ TEST_F(Live, UpdateStateTexts)
                                  "Initializing Firmware transfer...", "Uploading file in chunks...",
                                  "Firmware updated successfully.", "Error encountered while updating the Firmware."};
     for (int state = 0; state < 6; state++) {
-        a_SimulateDevice("ORNCST_1", "FlashProgramState", state);
+        SimulateDevice("ORNCST_1", "FlashProgramState", state);
         EXPECT_EQ(Get("Update.State"), texts[state]);
     }
-    a_SimulateDevice("ORNCST_1", "FlashProgramState", 9);
+    SimulateDevice("ORNCST_1", "FlashProgramState", 9);
     char value[REQUEST_TEXT_SIZE] = "kept";
     REQUEST request = {REQ_READ, 0, REQTYPE_TEXT, REQMODE_EDIT, value, "Update.State", nullptr};
     EXPECT_EQ(design.Object("ORNCST_1")->OnMessage(0, (LPARAM)&request), 1);
@@ -213,9 +213,9 @@ TEST_F(Live, UpdateStateTexts)
 TEST_F(Live, MasterFaultFollowsFaultsAndTheirSwitches)
 {
     Connect();
-    a_SimulateDevice("ORNCST_1", "online", 1);
+    SimulateDevice("ORNCST_1", "online", 1);
     EXPECT_EQ(Get("MasterFault"), "0");
-    a_SimulateDevice("ORNCST_1", "Faults5", 1);  // reported only with FaultMask5 on
+    SimulateDevice("ORNCST_1", "Faults5", 1);  // reported only with FaultMask5 on
     EXPECT_EQ(Get("MasterFault"), "0");
     design.Edit("ORNCST_1*FaultMask5=1");
     EXPECT_EQ(Get("MasterFault"), "1");
@@ -267,7 +267,7 @@ TEST_F(Live, MonitoringWarnsUnlessAChannelIsTakenAlready)
     Connect("ELKCST_3", "ELKCON_1.DOVRIXCSTModule");
     design.Edit("ORNCST_1*FireEmergencyMonitoring=0");
     design.Edit("ORNCST_2*FireEmergencyMonitoring=0");
-    a_SimulateDevice("ELKCON_1", "ProgramLocalSorceConfig", 1);
+    SimulateDevice("ELKCON_1", "ProgramLocalSorceConfig", 1);
     {
         MESSAGEBOXCATCHER boxes;
         design.Edit("ELKCST_3*FireEmergencyMonitoring=1");  // the controller has its local source

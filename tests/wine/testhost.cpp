@@ -59,7 +59,9 @@ void RegisterSurfaceClass()
 
 HMODULE Plugin()
 {
-    static HMODULE plugin = LoadLibraryA("DOVRIXC.dll");
+    // The controllers first: their window classes must exist when designs load.
+    static HMODULE controllers = LoadDevicePlugin(kControllersDll);
+    static HMODULE plugin = controllers ? LoadDevicePlugin("DOVRIXC.dll") : NULL;
     return plugin;
 }
 

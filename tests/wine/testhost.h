@@ -7,7 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "analyze.h"
+#include "analyze_host.h"
+#include "../../host/workbench/plugins.h"
 
 typedef INT_PTR (*PLUGINCALLBACK)(int code, HOSTINFO* host, LPARAM param);
 typedef FILE* (*FILEOPEN)(const char* folder, const char* relative, const char* mode);

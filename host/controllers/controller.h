@@ -70,13 +70,15 @@ public:
         uint32_t start = 0;
         int overall = 0;       // "ZEL4000.FirmwareUpdateState"
     } upload;
-    // Set when the controller's window is gone: consoles may still hold the
-    // object as their partner, so it stays allocated until the design closes
-    // and answers no request.
+    // Set when the controller's window is gone (see RetireController).
     bool deleted = false;
 };
 
 // The controller behind a host object, when it is one.
 CONTROLLER* AsController(HOSTINFO* obj);
 // Registers the window classes "ORNCON" and "ELKCON" (once).
-void RegisterControllerClasses();
+void RegisterControllerClasses(HINSTANCE instance);
+// A deleted controller: consoles may still hold it as their partner, so it
+// stays allocated, answering nothing, until the simulation unloads.
+void RetireController(CONTROLLER* controller);
+void FreeRetiredControllers();

@@ -2,8 +2,6 @@
 // controller's name and the consoles on its bus.
 #include "controller.h"
 
-#include "design.h"
-
 #include "../../base/text.h"
 #include "../../base/gdi.h"
 #include "../../base/banned.h"
@@ -46,10 +44,7 @@ void Controller_Destroy(HWND hwnd, CONTROLLER* c)
     a_RemoveHostinfo(c->m_pHost, c);
     SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
     c->deleted = true;
-    if (DESIGN* design = FindDesign(root))
-        design->retired.push_back(c);
-    else
-        delete c;
+    RetireController(c);
 }
 
 void Controller_Draw(HWND hwnd, CONTROLLER* c, HDC hdc)
@@ -123,7 +118,7 @@ LRESULT CALLBACK ControllerWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARA
 
 }  // namespace
 
-void RegisterControllerClasses()
+void RegisterControllerClasses(HINSTANCE instance)
 {
     for (const char* name : {"ORNCON", "ELKCON"}) {
         WNDCLASSA wc = {};
@@ -131,7 +126,7 @@ void RegisterControllerClasses()
             continue;
         wc.style = CS_GLOBALCLASS | CS_HREDRAW | CS_VREDRAW;
         wc.lpfnWndProc = ControllerWndProc;
-        wc.hInstance = AnalyzeInstance();
+        wc.hInstance = instance;
         wc.hCursor = LoadCursor(NULL, IDC_ARROW);
         wc.lpszClassName = name;
         RegisterClassA(&wc);

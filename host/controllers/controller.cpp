@@ -2,8 +2,7 @@
 
 #include <stdio.h>
 
-#include "design.h"
-#include "designtext.h"
+#include "../analyze/designtext.h"
 
 #include "../../base/text.h"
 #include "../../base/banned.h"
@@ -11,6 +10,10 @@
 namespace {
 
 const char kModuleName[] = "DOVRIXCSTModule";
+// Alarm keys announce themselves to the design's alarm matrix through the
+// controller as through the design.
+const char kAddAlarmId[] = "Matrix.AddAlarmID";
+const char kRemoveAlarmId[] = "Matrix.RemoveAlarmID";
 
 // What a variable name stands for on this controller: one of its own stored
 // values (field), a value it derives, a port's slot, or a device variable.
@@ -87,7 +90,7 @@ bool ReadVariable(CONTROLLER* c, const VARIABLE& v, int* value)
         *value = v.slot;
         return true;
     case VARIABLE::DEVICE:
-        return SIMDEVICE::Readable(v.word) && v.device->Read(v.word, a_GetTickCount(), value);
+        return SIMDEVICE::Readable(v.word) && v.device->Read(v.word, GetTickCount(), value);
     case VARIABLE::NONE:
         break;
     }
@@ -100,7 +103,7 @@ bool WriteVariable(const VARIABLE& v, int value)
         *v.field = value;
         return true;
     }
-    return v.kind == VARIABLE::DEVICE && v.device->Write(v.word, value, a_GetTickCount());
+    return v.kind == VARIABLE::DEVICE && v.device->Write(v.word, value, GetTickCount());
 }
 
 // The value of a request by its type: one byte (2, 6), an int (5) or text (11).
@@ -202,21 +205,18 @@ bool SplitPorts(const std::string& text, std::vector<std::string>* ports)
     return true;
 }
 
-struct CONSOLESEARCH {
-    int number;
-    const CONTROLLER* controller;
-    std::string found;
-};
-
-BOOL FindConsoleByNumber(HOSTINFO* obj, void* context)
+// The connected console of this controller whose number in the design is
+// number; empty when there is none.
+std::string ConsoleByNumber(const CONTROLLER* c, int number)
 {
-    CONSOLESEARCH* search = static_cast<CONSOLESEARCH*>(context);
-    auto device = search->controller->devices.find(obj->m_szName);
-    if (obj->m_nConsoleNumber != search->number || device == search->controller->devices.end() ||
-        !device->second.connected)
-        return TRUE;
-    search->found = obj->m_szName;
-    return FALSE;
+    for (const auto& device : c->devices) {
+        if (!device.second.connected)
+            continue;
+        const HOSTINFO* console = a_FindHostinfo(device.first.c_str());
+        if (console && console->m_nConsoleNumber == number)
+            return device.first;
+    }
+    return std::string();
 }
 
 bool StartUpload(CONTROLLER* c, const std::string& text)
@@ -224,17 +224,16 @@ bool StartUpload(CONTROLLER* c, const std::string& text)
     UPLOADREQUEST request;
     if (!ParseUploadRequest(text, &request))
         return false;
-    CONSOLESEARCH search = {request.console, c, std::string()};
-    a_EnumHostinfo(FindConsoleByNumber, &search);
-    bool refused = search.found.empty() || request.password != c->password;
+    const std::string console = ConsoleByNumber(c, request.console);
+    bool refused = console.empty() || request.password != c->password;
     for (const std::string& file : request.files)
         refused = refused || GetFileAttributesA(file.c_str()) == INVALID_FILE_ATTRIBUTES;
     c->upload.active = true;
     c->upload.refused = refused;
     c->upload.applied = false;
     c->upload.request = request;
-    c->upload.console = search.found;
-    c->upload.start = a_GetTickCount();
+    c->upload.console = console;
+    c->upload.start = GetTickCount();
     c->upload.overall = 1;
     return true;
 }
@@ -262,7 +261,6 @@ void CONTROLLER::AttachModule()
     FormatText(module.m_szName, sizeof module.m_szName, "%s.%s", m_szName, kModuleName);
     module.m_hWnd = m_hWnd;
     module.m_pHost = this;
-    a_AddConnection(this, kModuleName, &module);
 }
 
 SIMDEVICE* CONTROLLER::Device(const std::string& console, bool create)
@@ -317,17 +315,17 @@ void CONTROLLER::AdvanceUpload()
     if (!upload.active)
         return;
     const UPLOADSTATE state =
-        UploadStateAt(a_GetTickCount() - upload.start, (int)upload.request.files.size(), upload.refused);
+        UploadStateAt(GetTickCount() - upload.start, (int)upload.request.files.size(), upload.refused);
     upload.overall = state.overall;
     SIMDEVICE* device = upload.console.empty() ? nullptr : Device(upload.console, false);
     if (device) {
-        device->Write("FlashProgramState", state.flashState, a_GetTickCount());
-        device->Write("FlashProgramPercent", state.flashPercent, a_GetTickCount());
+        device->Write("FlashProgramState", state.flashState, GetTickCount());
+        device->Write("FlashProgramPercent", state.flashPercent, GetTickCount());
     }
     if (state.overall == 5 && device && !upload.applied) {
         int minor = 0;
-        device->Read("FirmwareRevision6", a_GetTickCount(), &minor);
-        device->Write("FirmwareRevision6", minor + 1, a_GetTickCount());  // the new firmware's version
+        device->Read("FirmwareRevision6", GetTickCount(), &minor);
+        device->Write("FirmwareRevision6", minor + 1, GetTickCount());  // the new firmware's version
         upload.applied = true;
     }
     if (state.overall >= 5)
@@ -486,7 +484,7 @@ LRESULT CONTROLLER::OnLoad(WPARAM, LPARAM lParam)
         const std::string console = value.substr(0, blank);
         std::string error;
         ok = !console.empty() && Device(console, true)->LoadStateText(
-                                     blank == std::string::npos ? "" : value.substr(blank + 1), a_GetTickCount(), &error);
+                                     blank == std::string::npos ? "" : value.substr(blank + 1), GetTickCount(), &error);
     }
     if (!ok)
         EDITTRACE(this, "Error reading line %s", keyword.c_str());
@@ -565,4 +563,24 @@ CONTROLLER* AsController(HOSTINFO* obj)
     if (reinterpret_cast<HOSTINFO*>(SendMessageA(obj->m_hWnd, WM_HOST_GETHOSTINFO, 0, 0)) != obj)
         return nullptr;
     return static_cast<CONTROLLER*>(obj);
+}
+
+namespace {
+std::vector<CONTROLLER*>& RetiredControllers()
+{
+    static std::vector<CONTROLLER*> retired;
+    return retired;
+}
+}  // namespace
+
+void RetireController(CONTROLLER* controller)
+{
+    RetiredControllers().push_back(controller);
+}
+
+void FreeRetiredControllers()
+{
+    for (CONTROLLER* controller : RetiredControllers())
+        delete controller;
+    RetiredControllers().clear();
 }
