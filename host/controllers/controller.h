@@ -36,7 +36,7 @@ public:
 
     // Names the console module after the controller, once the name is known.
     void AttachModule();
-    // WM_APP+12: LOWORD old address, HIWORD new one; non-zero when moved.
+    // WM_HOST_CHANGEADDRESS: LOWORD old address, HIWORD new one; non-zero when moved.
     LRESULT MoveConsole(WPARAM addresses, HOSTINFO* console);
     // Requests for "CONSOLE.keyNNN"; -1 when the name is not one.
     LRESULT KeyRecordRequest(REQUEST* r, const std::string& name);

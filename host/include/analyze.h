@@ -36,15 +36,16 @@
 #define ANALYZE_INLINE_CLASS __declspec(dllexport)
 #define ANALYZE_INLINE __declspec(dllexport)
 
-// The canvas protocol: messages the host sends to an object's window.
+// The host's protocol: messages the host sends to an object's window (the
+// WM_APP range; a widget's window answers WM_HOST_GETHOSTINFO too).
 enum {
     WM_HOST_MESSAGE = WM_APP + 0,        // OnMessage(wParam, REQUEST*)
     WM_HOST_LOAD = WM_APP + 1,           // OnLoad(mode, "keyword=value")
     WM_HOST_SAVE = WM_APP + 2,           // OnSave(pass, HANDLE file)
     WM_HOST_SAVETOLIST = WM_APP + 3,     // OnSaveToListCtrl(0, HWND listview)
     WM_HOST_LOADED = WM_APP + 4,         // posted to the notification window
-    WM_HOST_CHANGEADDRESS = WM_APP + 12, // to a controller: LOWORD old, HIWORD new
-    WM_HOST_GETHOSTINFO = WM_APP + 20,   // returns the properties object
+    WM_HOST_CHANGEADDRESS = WM_APP + 12, // to a controller: LOWORD old, HIWORD new; lParam the object
+    WM_HOST_GETHOSTINFO = WM_APP + 20,   // returns the properties object (0x8014)
     WM_HOST_GETKEYWORDS = WM_APP + 50,   // returns a null-ended const char* array
     WM_HOST_GETDISPLAYTEXT = WM_APP + 52,// fills the buffer in lParam, returns it
     WM_HOST_CONTEXTMENU = WM_APP + 54,   // append items to the HMENU in lParam

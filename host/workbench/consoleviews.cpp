@@ -4,6 +4,8 @@
 // messages only.
 #include "workbench.h"
 
+#include "../../plugin/protocol.h"
+
 #include <commctrl.h>
 
 #include "../../base/text.h"
@@ -13,10 +15,6 @@ namespace {
 
 const char kFrameClass[] = "DovrixcConsoleViewFrame";
 const int kViewId = 1003;
-const UINT kViewSetPage = WM_USER + 2;
-const UINT kViewHitTest = WM_USER + 10;
-const UINT kViewEditMode = WM_USER + 16;
-const int kLabelEditorId = 1002;
 const int kScanWidth = 2400;   // far enough right for five extensions
 
 LRESULT CALLBACK FrameWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
@@ -52,7 +50,7 @@ HWND FindView(WORKBENCH* bench, const std::string& name)
 int HitTest(HWND view, int x, int y)
 {
     int id = -1;
-    return SendMessageA(view, kViewHitTest, (WPARAM)&id, MAKELPARAM(x, y)) ? id : -1;
+    return SendMessageA(view, CVM_HITTEST, (WPARAM)&id, MAKELPARAM(x, y)) ? id : -1;
 }
 
 // The view answers hit tests only: find the key by asking. Keys are at least
@@ -173,7 +171,7 @@ bool TypeLabel(HWND view, int key, const std::string& text)
     const LPARAM at = MAKELPARAM(point.x + 2, point.y + 31);
     SendMessageA(view, WM_LBUTTONDOWN, MK_LBUTTON, at);
     SendMessageA(view, WM_LBUTTONUP, 0, at);
-    HWND editor = GetDlgItem(view, kLabelEditorId);
+    HWND editor = GetDlgItem(view, IDC_LABELEDITOR);
     if (!editor) {
         fprintf(stderr, "workbench: key %d has no label box to edit\n", key);
         return false;
@@ -188,9 +186,9 @@ bool TypeLabel(HWND view, int key, const std::string& text)
 bool ChoosePage(HWND view, const SCRIPTCOMMAND& command)
 {
     if (command.text == "side" || command.text == "buttons") {
-        SendMessageA(view, kViewSetPage, 0, command.text == "buttons" ? 1 : 0);
+        SendMessageA(view, CVM_SETPAGE, 0, command.text == "buttons" ? 1 : 0);
     } else {
-        const int id = 2000 + command.code;
+        const int id = IDC_PAGEBUTTON_CONSOLE + command.code;
         HWND button = GetDlgItem(view, id);
         SendMessageA(view, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), (LPARAM)button);
     }
@@ -241,7 +239,7 @@ HWND OpenConsoleView(WORKBENCH* bench, const std::string& name)
     }
     // Designing or operating, as the workbench and the device are.
     const bool operating = !bench->designMode || (console->m_wFlags & HOSTFLAG_ONLINE);
-    SendMessageA(view, kViewEditMode, 0, operating ? 0 : 1);
+    SendMessageA(view, CVM_SETEDITMODE, 0, operating ? 0 : 1);
     bench->consoleViews[name] = frame;
     ShowWindow(frame, SW_SHOWNOACTIVATE);
     UpdateWindow(frame);
@@ -264,7 +262,7 @@ void SetConsoleViewsEditMode(WORKBENCH* bench, bool designing)
 {
     for (const auto& entry : bench->consoleViews)
         if (HWND view = ViewIn(entry.second))
-            SendMessageA(view, kViewEditMode, 0, designing ? 1 : 0);
+            SendMessageA(view, CVM_SETEDITMODE, 0, designing ? 1 : 0);
 }
 
 HWND ConsoleViewFrame(WORKBENCH* bench, const std::string& name)

@@ -4,17 +4,14 @@
 // CLOSE is pressed when the dialog is idle again.
 #include "workbench.h"
 
+#include "../../plugin/resources/resource.h"
+
 #include <stdio.h>
 
 #include "../../base/banned.h"
 
 namespace {
 
-const int kUpdateButton = 6063;  // the configuration window's "UPDATE"
-const int kPackageList = 1054;
-const int kStateText = 1029;
-const int kStartButton = 1058;
-const int kPasswordField = 2016;
 const UINT_PTR kWatchTimer = 0x7E57;
 
 struct FIRMWARERUN {
@@ -33,14 +30,14 @@ FIRMWARERUN* g_run = nullptr;
 void CALLBACK Watch(HWND dialog, UINT, UINT_PTR, DWORD)
 {
     char text[512] = "";
-    GetDlgItemTextA(dialog, kStateText, text, sizeof text);
+    GetDlgItemTextA(dialog, IDC_FIRMWARE_STATE, text, sizeof text);
     if (text[0] && g_run->shown != text) {
         printf("%s\n", text);
         fflush(stdout);
         g_run->shown = text;
     }
     // Idle again: the dialog takes input and START UPDATE is enabled.
-    const bool idle = IsWindowEnabled(dialog) && IsWindowEnabled(GetDlgItem(dialog, kStartButton));
+    const bool idle = IsWindowEnabled(dialog) && IsWindowEnabled(GetDlgItem(dialog, IDC_FIRMWARE_START));
     g_run->idleTicks = idle ? g_run->idleTicks + 1 : 0;
     if (g_run->started && g_run->idleTicks > 2) {
         KillTimer(dialog, kWatchTimer);
@@ -56,18 +53,18 @@ LRESULT CALLBACK DriveDialogs(int code, WPARAM wParam, LPARAM lParam)
         GetWindowTextA(window, title, sizeof title);
         if (strcmp(title, "FIRMWARE UPDATE") == 0 && !g_run->dialog) {
             g_run->dialog = window;
-            if (SendDlgItemMessageA(window, kPackageList, CB_SELECTSTRING, (WPARAM)-1,
+            if (SendDlgItemMessageA(window, IDC_FIRMWARE_LIST, CB_SELECTSTRING, (WPARAM)-1,
                                     (LPARAM)g_run->package.c_str()) == CB_ERR) {
                 fprintf(stderr, "workbench: no package %s\n", g_run->package.c_str());
                 PostMessageA(window, WM_COMMAND, IDCANCEL, 0);
             } else {
                 SetTimer(window, kWatchTimer, 50, Watch);
-                PostMessageA(window, WM_COMMAND, MAKEWPARAM(kStartButton, BN_CLICKED),
-                             (LPARAM)GetDlgItem(window, kStartButton));
+                PostMessageA(window, WM_COMMAND, MAKEWPARAM(IDC_FIRMWARE_START, BN_CLICKED),
+                             (LPARAM)GetDlgItem(window, IDC_FIRMWARE_START));
                 g_run->started = true;
             }
         } else if (strcmp(title, "Enter Password") == 0) {
-            SetDlgItemTextA(window, kPasswordField, g_run->password.c_str());
+            SetDlgItemTextA(window, IDC_PASSWORD, g_run->password.c_str());
             PostMessageA(window, WM_COMMAND, IDOK, 0);
         }
     }
@@ -87,8 +84,8 @@ bool RunFirmwareUpdate(WORKBENCH* bench, HOSTINFO* console, const std::string& p
     run.password = password;
     g_run = &run;
     run.hook = SetWindowsHookExA(WH_CBT, DriveDialogs, NULL, GetCurrentThreadId());
-    SendMessageA(configuration, WM_COMMAND, MAKEWPARAM(kUpdateButton, BN_CLICKED),
-                 (LPARAM)GetDlgItem(configuration, kUpdateButton));
+    SendMessageA(configuration, WM_COMMAND, MAKEWPARAM(IDC_CONFIGURATION_UPDATE, BN_CLICKED),
+                 (LPARAM)GetDlgItem(configuration, IDC_CONFIGURATION_UPDATE));
     UnhookWindowsHookEx(run.hook);
     g_run = nullptr;
     (void)bench;

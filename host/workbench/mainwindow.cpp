@@ -240,9 +240,6 @@ LRESULT CALLBACK FrameWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
         return 0;
     case WM_NOTIFY:
         return Frame_Notify(frame, reinterpret_cast<NMHDR*>(lParam));
-    case WM_BENCH_SELECTED:
-        ShowProperties(frame->bench->properties, reinterpret_cast<HOSTINFO*>(lParam));
-        return 0;
     case WM_TIMER:
         Frame_Timer(frame);
         return 0;

@@ -1,7 +1,7 @@
 // The property list: a report list view the selected object fills itself
 // (OnSaveToListCtrl); a value is edited in place and written back as an edit
 // of the object (OnLoad with mode 0). Only the object's listed keywords
-// (WM_APP+50) can be edited.
+// (WM_HOST_GETKEYWORDS) can be edited.
 #include "workbench.h"
 
 #include <commctrl.h>

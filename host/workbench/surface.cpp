@@ -38,7 +38,8 @@ BOOL MatchWindow(HOSTINFO* obj, void* context)
 void Select(HWND hwnd, SURFACE* surface, HOSTINFO* obj)
 {
     a_SetSelection(surface->bench->design, obj);
-    SendMessageA(GetParent(hwnd), WM_BENCH_SELECTED, 0, (LPARAM)obj);
+    if (surface->bench->properties)
+        ShowProperties(surface->bench->properties, obj);
 }
 
 void Surface_ButtonDown(HWND hwnd, SURFACE* surface, LPARAM lParam)

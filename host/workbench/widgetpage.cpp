@@ -3,6 +3,8 @@
 // widgets and for driving them from scripts.
 #include "workbench.h"
 
+#include "../../plugin/protocol.h"
+
 #include "../../base/text.h"
 #include "../../base/banned.h"
 
@@ -105,7 +107,7 @@ WIDGETPAGE* OpenWidgetPage(WORKBENCH* bench, const std::string& object)
         CreateWindowExA(0, "CSAUTORADIOBUTTON", pages[i], WS_CHILD | WS_VISIBLE | (i == 0 ? WS_GROUP : 0),
                         290 + 0, 34 + i * 26, 100, 22, page->window, (HMENU)(INT_PTR)(500 + i),
                         GetModuleHandleA(NULL), NULL);
-    SendMessageA(GetDlgItem(page->window, 500), 0x8B0, 1, 0);  // the console's page is checked
+    SendMessageA(GetDlgItem(page->window, 500), RBM_SETSTATE, 1, 0);  // the console's page is checked
     const std::string connection = "connection=" + object;
     BINDING binding = {connection.c_str()};
     if (page->owner.m_pChildTable)

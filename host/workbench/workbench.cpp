@@ -18,7 +18,7 @@ BOOL TickObject(HOSTINFO* obj, void*)
 BOOL DeliverPollTimer(HOSTINFO* obj, void*)
 {
     if (obj->m_hWnd && IsWindow(obj->m_hWnd))
-        SendMessageA(obj->m_hWnd, WM_TIMER, kDevicePollTimer, 0);
+        SendMessageA(obj->m_hWnd, WM_TIMER, TIMER_POLL, 0);
     return TRUE;
 }
 

@@ -11,10 +11,9 @@
 
 #include "analyze_host.h"
 #include "plugins.h"
+#include "../../plugin/protocol.h"
 #include "script.h"
 
-// The poll timer of device objects' windows (the canvas's fault LED).
-const UINT_PTR kDevicePollTimer = 111;
 
 typedef INT_PTR (*PLUGINCALLBACK)(int code, HOSTINFO* host, LPARAM param);
 
@@ -54,8 +53,6 @@ bool RegisterFaceClass(const char* name, WNDPROC procedure);
 WIDGETPAGE* OpenWidgetPage(WORKBENCH* bench, const std::string& object);
 void CloseWidgetPages(WORKBENCH* bench);
 
-// The surface tells the frame which object the user selected (lParam, or null).
-const UINT WM_BENCH_SELECTED = WM_APP + 200;
 
 // The host's own item of an object's context menu.
 const UINT kDeleteCommand = 1000;

@@ -4,11 +4,12 @@
 #include "../controls/flatcontrols.h"
 #include "../entry/module.h"
 #include "../firmware/updatedialog.h"
-#include "../resources/resource.h"
+#include "../protocol.h"
 
 #include "../../base/text.h"
 #include "../../base/trace.h"
 #include "../../base/gdi.h"
+#include "../../base/window.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -23,15 +24,10 @@ struct CONFIGURATIONSTATE {
     bool offline;
 };
 
-CONFIGURATIONSTATE* StateOf(HWND hwnd)
-{
-    return reinterpret_cast<CONFIGURATIONSTATE*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
-}
-
 LRESULT Configuration_Create(HWND hwnd, const CREATESTRUCTA* create)
 {
-    CONFIGURATIONSTATE* state = new CONFIGURATIONSTATE{static_cast<CONSOLEPROPERTIES*>(create->lpCreateParams), true};
-    SetWindowLongPtrA(hwnd, GWLP_USERDATA, (LONG_PTR)state);
+    CONFIGURATIONSTATE* state = AttachWindowState(
+        hwnd, new CONFIGURATIONSTATE{static_cast<CONSOLEPROPERTIES*>(create->lpCreateParams), true});
     HWND update = CreateWindowExA(0, "BUTTON", "UPDATE", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, 891, 570,
                                   100, 18, hwnd, (HMENU)(INT_PTR)IDC_CONFIGURATION_UPDATE, ModuleInstance(), NULL);
     SendMessageA(update, WM_SETFONT, (WPARAM)a_GetFont("MS Sans Serif,8"), FALSE);
@@ -65,8 +61,7 @@ void Configuration_Destroy(HWND hwnd, CONFIGURATIONSTATE* state)
 {
     if (state->console && state->console->m_hConfiguration == hwnd)
         state->console->m_hConfiguration = NULL;
-    SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
-    delete state;
+    FreeWindowState<CONFIGURATIONSTATE>(hwnd);
 }
 
 }  // namespace
@@ -82,11 +77,13 @@ HWND CreateConfigurationDialog(CONSOLEPROPERTIES* console, POINT at)
                            root ? GetAncestor(root->m_hWnd, GA_ROOT) : NULL, NULL, ModuleInstance(), console);
 }
 
-LRESULT CALLBACK ConfigurationDialogWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+namespace {
+
+LRESULT Configuration_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_CREATE)
         return Configuration_Create(hwnd, reinterpret_cast<CREATESTRUCTA*>(lParam));
-    CONFIGURATIONSTATE* state = StateOf(hwnd);
+    CONFIGURATIONSTATE* state = WindowState<CONFIGURATIONSTATE>(hwnd);
     if (!state)
         return DefWindowProcA(hwnd, message, wParam, lParam);
     switch (message) {
@@ -106,7 +103,7 @@ LRESULT CALLBACK ConfigurationDialogWndProc(HWND hwnd, UINT message, WPARAM wPar
     case WM_DRAWITEM:
         DrawOwnerPushButton(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
         return TRUE;
-    case WM_USER + 16:  // the console went offline (lParam 1) or online (0)
+    case CFM_SETOFFLINE:
         state->offline = lParam != 0;
         InvalidateRect(hwnd, NULL, FALSE);
         return 0;
@@ -116,4 +113,11 @@ LRESULT CALLBACK ConfigurationDialogWndProc(HWND hwnd, UINT message, WPARAM wPar
     default:
         return DefWindowProcA(hwnd, message, wParam, lParam);
     }
+}
+
+}  // namespace
+
+LRESULT CALLBACK ConfigurationDialogWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return GuardedWindowProc<Configuration_Dispatch>(hwnd, message, wParam, lParam);
 }

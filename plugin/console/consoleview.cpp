@@ -12,15 +12,15 @@
 #include "../device/consoleproperties.h"
 #include "../entry/module.h"
 #include "../keys/keycatalogue.h"
-#include "../resources/resource.h"
+#include "../protocol.h"
 
 #include "../../base/text.h"
 #include "../../base/trace.h"
+#include "../../base/window.h"
 #include "../../base/banned.h"
 
 namespace {
 
-const UINT_PTR kBlinkTimer = 111;
 const UINT kBlinkPeriod = 100;
 const int kScrollStep = 10;
 const int kScrollRightEnd = 500;
@@ -107,20 +107,20 @@ LRESULT View_Create(HWND hwnd, const CREATESTRUCTA* create)
     CONSOLEVIEW* view = new CONSOLEVIEW;
     view->console = console;
     view->frame = PictureFrameOf(ConsoleType(view));
-    SetWindowLongPtrA(hwnd, GWLP_USERDATA, (LONG_PTR)view);
+    AttachWindowState(hwnd, view);
     console->m_hConsoleView = hwnd;
     CreateTooltip(hwnd, view);
     CreateHeaderControls(hwnd, view);
     CreateViewToolbar(hwnd, view);
     BuildViewLayout(hwnd, view, 0);
-    SetTimer(hwnd, kBlinkTimer, kBlinkPeriod, NULL);
+    SetTimer(hwnd, TIMER_POLL, kBlinkPeriod, NULL);
     view->editMode = true;
     return 0;
 }
 
 void View_Destroy(HWND hwnd, CONSOLEVIEW* view)
 {
-    KillTimer(hwnd, kBlinkTimer);
+    KillTimer(hwnd, TIMER_POLL);
     if (view->pictureBitmap)
         DeleteObject(view->pictureBitmap);
     if (view->toolbar && IsWindow(view->toolbar))
@@ -129,8 +129,7 @@ void View_Destroy(HWND hwnd, CONSOLEVIEW* view)
         DestroyWindow(view->tooltip);
     if (view->console->m_hConsoleView == hwnd)
         view->console->m_hConsoleView = NULL;
-    SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
-    delete view;
+    FreeWindowState<CONSOLEVIEW>(hwnd);
 }
 
 void SelectKey(HWND hwnd, CONSOLEVIEW* view, int key, bool add)
@@ -380,7 +379,7 @@ LRESULT View_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_CREATE)
         return View_Create(hwnd, reinterpret_cast<const CREATESTRUCTA*>(lParam));
-    CONSOLEVIEW* view = ViewOf(hwnd);
+    CONSOLEVIEW* view = WindowState<CONSOLEVIEW>(hwnd);
     if (!view)
         return DefWindowProcA(hwnd, message, wParam, lParam);
     switch (message) {
@@ -400,7 +399,7 @@ LRESULT View_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_COMMAND:
         return View_Command(hwnd, view, wParam, lParam);
     case WM_TIMER:
-        if (wParam == kBlinkTimer) {
+        if (wParam == TIMER_POLL) {
             BlinkLeds(hwnd, view, BlinkPhase(GetTickCount()));
             UpdateWindow(hwnd);
         }
@@ -452,11 +451,6 @@ LRESULT View_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 
 }  // namespace
 
-CONSOLEVIEW* ViewOf(HWND hwnd)
-{
-    return reinterpret_cast<CONSOLEVIEW*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
-}
-
 int ConsoleType(const CONSOLEVIEW* view)
 {
     return view->console->m_model;
@@ -470,13 +464,7 @@ CONSOLEKEY* FindViewKey(CONSOLEVIEW* view, int id)
     return nullptr;
 }
 
-// Nothing thrown inside the plug-in crosses into the host's message loop.
 LRESULT CALLBACK ConsoleViewWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    try {
-        return View_Dispatch(hwnd, message, wParam, lParam);
-    } catch (...) {
-        Trace("DOVRIXC: message 0x%04x failed in the console view\n", message);
-        return 0;
-    }
+    return GuardedWindowProc<View_Dispatch>(hwnd, message, wParam, lParam);
 }

@@ -10,6 +10,7 @@
 #include "../entry/module.h"
 #include "../device/partner.h"
 #include "../keys/keycatalogue.h"
+#include "../protocol.h"
 #include "../resources/resource.h"
 
 #include "../../base/text.h"

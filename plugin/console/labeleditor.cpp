@@ -2,17 +2,20 @@
 // stored on Enter, dropped on Escape or when it loses the focus.
 #include "viewstate.h"
 
+#include <commctrl.h>
+
 #include "consoleview.h"
 #include "../device/consoleproperties.h"
 #include "../entry/module.h"
-#include "../resources/resource.h"
+#include "../protocol.h"
 
 #include "../../base/text.h"
+#include "../../base/window.h"
 #include "../../base/banned.h"
 
 namespace {
 
-const char kEditClassProc[] = "DOVRIXC.LabelEditor.Proc";
+const UINT_PTR kEditorSubclass = 0x1AB;
 const char kClosing[] = "DOVRIXC.LabelEditor.Closing";
 
 // Destroying the focused editor takes its focus away again: close once.
@@ -24,14 +27,8 @@ void CloseEditor(HWND editor)
     DestroyWindow(editor);
 }
 
-WNDPROC EditClassProc(HWND editor)
+LRESULT Editor_Dispatch(HWND editor, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR)
 {
-    return reinterpret_cast<WNDPROC>(GetPropA(editor, kEditClassProc));
-}
-
-LRESULT CALLBACK LabelEditorProc(HWND editor, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    WNDPROC base = EditClassProc(editor);
     switch (message) {
     case WM_KILLFOCUS:
         CloseEditor(editor);
@@ -56,14 +53,13 @@ LRESULT CALLBACK LabelEditorProc(HWND editor, UINT message, WPARAM wParam, LPARA
             return 0;  // handled at the key press; no beep
         break;
     case WM_NCDESTROY:
-        SetWindowLongPtrA(editor, GWLP_WNDPROC, (LONG_PTR)base);
-        RemovePropA(editor, kEditClassProc);
+        RemoveWindowSubclass(editor, GuardedSubclassProc<Editor_Dispatch>, kEditorSubclass);
         RemovePropA(editor, kClosing);
         break;
     default:
         break;
     }
-    return base ? CallWindowProcA(base, editor, message, wParam, lParam) : DefWindowProcA(editor, message, wParam, lParam);
+    return DefSubclassProc(editor, message, wParam, lParam);
 }
 
 }  // namespace
@@ -85,8 +81,7 @@ void OpenLabelEditor(HWND hwnd, CONSOLEVIEW* view, const CONSOLEKEYLABEL& label)
     if (HFONT font = a_GetFont("Arial,8"))
         SendMessageA(editor, WM_SETFONT, (WPARAM)font, FALSE);
     SendMessageA(editor, EM_SETSEL, 0, -1);
-    SetPropA(editor, kEditClassProc, (HANDLE)GetWindowLongPtrA(editor, GWLP_WNDPROC));
-    SetWindowLongPtrA(editor, GWLP_WNDPROC, (LONG_PTR)LabelEditorProc);
+    SetWindowSubclass(editor, GuardedSubclassProc<Editor_Dispatch>, kEditorSubclass, 0);
     SetFocus(editor);
 }
 

@@ -11,6 +11,7 @@
 #include "../config/controldescriptor.h"
 #include "../device/consoleproperties.h"
 #include "../entry/module.h"
+#include "../protocol.h"
 #include "../resources/resource.h"
 
 #include "../../base/text.h"
@@ -20,7 +21,6 @@
 namespace {
 
 const int kPageButtonShift = 63;
-const int kFrameStripId = 1001;        // the frame's strip above the view (a tab strip)
 
 bool NameHasZel(const CONSOLEVIEW* view)
 {
@@ -103,7 +103,7 @@ void SizeFrame(HWND hwnd, int frameWidth, int stripWidth, int viewWidth)
         return;
     if (!IsZoomed(parent))
         SetWindowPos(parent, NULL, 0, 0, frameWidth, 800, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    if (HWND strip = GetDlgItem(parent, kFrameStripId))
+    if (HWND strip = GetDlgItem(parent, IDC_TABSTRIP))
         SetWindowPos(strip, NULL, 0, 0, stripWidth, 22, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     SetWindowPos(hwnd, NULL, 18, 26, viewWidth, 435, SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -200,7 +200,7 @@ void CreateHeaderControls(HWND hwnd, CONSOLEVIEW* view)
     char connection[HOSTNAME_SIZE + 16];
     FormatText(connection, sizeof connection, "connection=%s", c->m_szName);
     for (int i = HEADER_ONLINE; i <= HEADER_FIND; i++) {
-        HOSTINFO* widget = view->header[i] ? (HOSTINFO*)SendMessageA(view->header[i], WM_APP + 20, 0, 0) : nullptr;
+        HOSTINFO* widget = view->header[i] ? (HOSTINFO*)SendMessageA(view->header[i], WM_HOST_GETHOSTINFO, 0, 0) : nullptr;
         if (widget)
             widget->OnLoad(0, (LPARAM)connection);
     }

@@ -43,7 +43,6 @@ struct CONSOLEVIEW {
 
 enum { HEADER_ONLINE, HEADER_NAME, HEADER_FIND, HEADER_PICTURE };
 
-CONSOLEVIEW* ViewOf(HWND hwnd);
 int ConsoleType(const CONSOLEVIEW* view);
 CONSOLEKEY* FindViewKey(CONSOLEVIEW* view, int id);
 

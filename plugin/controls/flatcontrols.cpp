@@ -8,6 +8,7 @@
 #include "palette.h"
 
 #include "../../base/gdi.h"
+#include "../../base/window.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -57,7 +58,7 @@ void PaintSpin(HWND spin)
                     7, false, false);
 }
 
-LRESULT CALLBACK SpinProc(HWND spin, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR)
+LRESULT Spin_Dispatch(HWND spin, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR)
 {
     switch (message) {
     case WM_PAINT: {
@@ -71,7 +72,7 @@ LRESULT CALLBACK SpinProc(HWND spin, UINT message, WPARAM wParam, LPARAM lParam,
         return acted;
     }
     case WM_DESTROY:
-        RemoveWindowSubclass(spin, SpinProc, kSpinSubclass);
+        RemoveWindowSubclass(spin, GuardedSubclassProc<Spin_Dispatch>, kSpinSubclass);
         break;
     }
     return DefSubclassProc(spin, message, wParam, lParam);
@@ -188,5 +189,5 @@ bool IsDateTimePickerClass(const char* parentClass)
 
 bool SubclassSpin(HWND spin)
 {
-    return SetWindowSubclass(spin, SpinProc, kSpinSubclass, 0) != FALSE;
+    return SetWindowSubclass(spin, GuardedSubclassProc<Spin_Dispatch>, kSpinSubclass, 0) != FALSE;
 }

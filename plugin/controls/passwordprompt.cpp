@@ -3,6 +3,7 @@
 #include "flatcontrols.h"
 
 #include "../../base/text.h"
+#include "../../base/window.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -15,14 +16,14 @@ void EnableButtons(HWND dialog, BOOL enable)
 
 void Prompt_Init(HWND dialog, PASSWORDREQUEST* request)
 {
-    SetWindowLongPtrA(dialog, DWLP_USER, (LONG_PTR)request);
+    AttachDialogState(dialog, request);  // the caller's: not freed here
     SendDlgItemMessageA(dialog, IDC_PASSWORD, EM_LIMITTEXT, PASSWORD_LENGTH, 0);
     SetFocus(GetDlgItem(dialog, IDC_PASSWORD));
 }
 
 void Prompt_Ok(HWND dialog)
 {
-    PASSWORDREQUEST* request = reinterpret_cast<PASSWORDREQUEST*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    PASSWORDREQUEST* request = DialogState<PASSWORDREQUEST>(dialog);
     EnableButtons(dialog, FALSE);
     char password[PASSWORD_LENGTH + 1] = "";
     GetDlgItemTextA(dialog, IDC_PASSWORD, password, sizeof password);
@@ -37,9 +38,7 @@ void Prompt_Ok(HWND dialog)
     EnableButtons(dialog, TRUE);
 }
 
-}  // namespace
-
-INT_PTR CALLBACK PasswordPromptProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
+INT_PTR Prompt_Dispatch(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
 {
     INT_PTR flat = 0;
     if (FlatDialogMessage(message, wParam, lParam, &flat))
@@ -57,6 +56,13 @@ INT_PTR CALLBACK PasswordPromptProc(HWND dialog, UINT message, WPARAM wParam, LP
     default:
         return FALSE;
     }
+}
+
+}  // namespace
+
+INT_PTR CALLBACK PasswordPromptProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return GuardedDialogProc<Prompt_Dispatch>(dialog, message, wParam, lParam);
 }
 
 INT_PTR PromptForPassword(HINSTANCE module, HWND owner, PASSWORDREQUEST* request)

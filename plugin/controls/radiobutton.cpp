@@ -6,6 +6,7 @@
 #include "palette.h"
 
 #include "../../base/gdi.h"
+#include "../../base/window.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -16,11 +17,6 @@ struct RADIOBUTTON {
     COLORREF text;
     COLORREF disabledText;
 };
-
-RADIOBUTTON* StateOf(HWND hwnd)
-{
-    return reinterpret_cast<RADIOBUTTON*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
-}
 
 bool Checked(const RADIOBUTTON* b)
 {
@@ -131,16 +127,13 @@ void Radio_ButtonUp(HWND hwnd, RADIOBUTTON* b, LPARAM lParam)
         SendMessageA(GetParent(hwnd), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(hwnd), RBN_CHECKED), (LPARAM)hwnd);
 }
 
-}  // namespace
-
-LRESULT CALLBACK RadioButtonWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT Radio_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_CREATE) {
-        SetWindowLongPtrA(hwnd, GWLP_USERDATA,
-                          (LONG_PTR) new RADIOBUTTON{RADIO_NORMAL, kFaceColour, RGB(0, 0, 0), kFrameShadow});
+        AttachWindowState(hwnd, new RADIOBUTTON{RADIO_NORMAL, kFaceColour, RGB(0, 0, 0), kFrameShadow});
         return 0;
     }
-    RADIOBUTTON* b = StateOf(hwnd);
+    RADIOBUTTON* b = WindowState<RADIOBUTTON>(hwnd);
     if (!b)
         return DefWindowProcA(hwnd, message, wParam, lParam);
     switch (message) {
@@ -181,10 +174,16 @@ LRESULT CALLBACK RadioButtonWndProc(HWND hwnd, UINT message, WPARAM wParam, LPAR
         Radio_Draw(hwnd, b, (HDC)wParam);
         return 0;
     case WM_DESTROY:
-        SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
-        delete b;
+        FreeWindowState<RADIOBUTTON>(hwnd);
         return 0;
     default:
         return DefWindowProcA(hwnd, message, wParam, lParam);
     }
+}
+
+}  // namespace
+
+LRESULT CALLBACK RadioButtonWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return GuardedWindowProc<Radio_Dispatch>(hwnd, message, wParam, lParam);
 }

@@ -14,19 +14,19 @@
 #include "../entry/fonts.h"
 #include "../entry/module.h"
 #include "../entry/projectversion.h"
+#include "../protocol.h"
 
 #include "../../base/text.h"
 #include "../../base/trace.h"
 #include "../../base/gdi.h"
+#include "../../base/window.h"
 #include "../../base/banned.h"
 
 namespace {
 
 using namespace Gdiplus;
 
-const UINT_PTR kPollTimer = 111;
 const UINT kPollPeriod = 100;
-const UINT kConfigurationCommand = 1;
 
 // Face colours: the display field shows whether the device answers.
 const ARGB kOnlineFill = 0xFF9BD77A;
@@ -34,11 +34,6 @@ const ARGB kOfflineFill = 0xFFB4B4B4;
 const ARGB kAddressColour = 0xFF202020;
 const ARGB kFaultLedOn = 0xFFE02020;
 const ARGB kFaultLedOff = 0xFF3C3C3C;
-
-CONSOLEPROPERTIES* PropertiesOf(HWND hwnd)
-{
-    return reinterpret_cast<CONSOLEPROPERTIES*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
-}
 
 HWND RootWindow(CONSOLEPROPERTIES* c)
 {
@@ -84,7 +79,7 @@ LRESULT Canvas_Create(HWND hwnd, const CREATESTRUCTA* create)
     }
 
     CopyText(c->m_szDisplayName, "Untitled");
-    SetWindowLongPtrA(hwnd, GWLP_USERDATA, (LONG_PTR)c);
+    AttachWindowState(hwnd, c);
     SetWindowLongA(hwnd, GWL_STYLE, GetWindowLongA(hwnd, GWL_STYLE) | WS_CLIPSIBLINGS | WS_CLIPCHILDREN);
     a_HostinfoCreated(a_FindRootHostinfo(c), c);
 
@@ -96,7 +91,7 @@ LRESULT Canvas_Create(HWND hwnd, const CREATESTRUCTA* create)
     tool.lpszText = const_cast<char*>("");
     SendMessageA(SharedTooltip(), TTM_ADDTOOLA, 0, (LPARAM)&tool);
 
-    SetTimer(hwnd, kPollTimer, kPollPeriod, NULL);
+    SetTimer(hwnd, TIMER_POLL, kPollPeriod, NULL);
     return 1;
 }
 
@@ -130,9 +125,8 @@ void Canvas_Destroy(HWND hwnd, CONSOLEPROPERTIES* c)
     a_HostinfoDestroyed(a_FindRootHostinfo(c), c);
     a_CleanHostinfo(c);
     a_RemoveHostinfo(c->m_pHost, c);
-    KillTimer(hwnd, kPollTimer);
-    SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
-    delete c;
+    KillTimer(hwnd, TIMER_POLL);
+    FreeWindowState<CONSOLEPROPERTIES>(hwnd);
 }
 
 void Canvas_Poll(HWND hwnd, CONSOLEPROPERTIES* c)
@@ -261,7 +255,7 @@ void Canvas_OpenConfiguration(CONSOLEPROPERTIES* c)
     if (!c->m_hConfiguration)
         return;
     AnimateWindow(c->m_hConfiguration, fadeIn, AW_BLEND);
-    SendMessageA(c->m_hConfiguration, WM_USER + 16, 0, c->IsOnline() ? 0 : 1);
+    SendMessageA(c->m_hConfiguration, CFM_SETOFFLINE, 0, c->IsOnline() ? 0 : 1);
     InvalidateRect(c->m_hConfiguration, NULL, TRUE);
     ShowWindow(c->m_hConfiguration, SW_SHOW);
 }
@@ -290,7 +284,7 @@ LRESULT Canvas_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_CREATE)
         return Canvas_Create(hwnd, reinterpret_cast<CREATESTRUCTA*>(lParam));
-    CONSOLEPROPERTIES* c = PropertiesOf(hwnd);
+    CONSOLEPROPERTIES* c = WindowState<CONSOLEPROPERTIES>(hwnd);
     if (!c)
         return DefWindowProcA(hwnd, message, wParam, lParam);
 
@@ -312,16 +306,16 @@ LRESULT Canvas_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
         return lParam;
     case WM_HOST_CONTEXTMENU:
         AppendMenuA((HMENU)lParam, MF_SEPARATOR, 0, NULL);
-        AppendMenuA((HMENU)lParam, MF_STRING, kConfigurationCommand, "Configuration");
+        AppendMenuA((HMENU)lParam, MF_STRING, IDM_CANVAS_CONFIGURATION, "Configuration");
         return 0;
     case WM_HOST_CONTEXTCOMMAND:
-        if (lParam == kConfigurationCommand)
+        if (lParam == IDM_CANVAS_CONFIGURATION)
             Canvas_OpenConfiguration(c);
         return 0;
-    case WM_USER + 18:
+    case CFM_CONSOLERENAMED:
         return c->m_hConfiguration ? SendMessageA(c->m_hConfiguration, message, wParam, lParam) : 0;
     case WM_TIMER:
-        if (wParam == kPollTimer)
+        if (wParam == TIMER_POLL)
             Canvas_Poll(hwnd, c);
         return 0;
     case WM_PAINT:
@@ -367,13 +361,7 @@ LRESULT Canvas_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 
 }  // namespace
 
-// Nothing thrown inside the plug-in crosses into the host's message loop.
 LRESULT CALLBACK CanvasWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    try {
-        return Canvas_Dispatch(hwnd, message, wParam, lParam);
-    } catch (...) {
-        Trace("DOVRIXC: message 0x%04x failed in the canvas\n", message);
-        return 0;
-    }
+    return GuardedWindowProc<Canvas_Dispatch>(hwnd, message, wParam, lParam);
 }

@@ -4,6 +4,7 @@
 
 #include "consolekeywords.h"
 #include "designlines.h"
+#include "../protocol.h"
 #include "../console/consoleview.h"
 #include "../console/keygeometry.h"
 #include "../console/ledstates.h"
@@ -210,7 +211,7 @@ LRESULT CONSOLEPROPERTIES::OnTimer(WPARAM, LPARAM)
             RefreshCanvas(true);
         }
         if (m_hConfiguration && IsWindow(m_hConfiguration))
-            SendMessageA(m_hConfiguration, WM_USER + 16, 0, alive ? 0 : 1);
+            SendMessageA(m_hConfiguration, CFM_SETOFFLINE, 0, alive ? 0 : 1);
         NotifyConsoleView(CVM_SETEDITMODE, 0, alive ? 0 : 1);
     }
     if (alive) {

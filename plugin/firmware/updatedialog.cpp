@@ -12,14 +12,15 @@
 #include "../controls/passwordprompt.h"
 #include "../device/consoleproperties.h"
 #include "../device/partner.h"
+#include "../protocol.h"
 #include "../resources/resource.h"
 
 #include "../../base/text.h"
+#include "../../base/window.h"
 #include "../../base/banned.h"
 
 namespace {
 
-const UINT_PTR kUploadTimer = 333;
 const UINT kUploadPeriod = 200;
 const COLORREF kAlertText = RGB(0xFF, 0, 0);
 
@@ -32,11 +33,6 @@ struct UPDATEDIALOG {
     std::vector<std::string> extracted;
     bool uploading;
 };
-
-UPDATEDIALOG* StateOf(HWND dialog)
-{
-    return reinterpret_cast<UPDATEDIALOG*>(GetWindowLongPtrA(dialog, DWLP_USER));
-}
 
 // The module whose resources made the dialog holds its prompt and strings too.
 HINSTANCE ModuleOf(HWND dialog)
@@ -82,7 +78,7 @@ void Update_Init(HWND dialog, CONSOLEPROPERTIES* console)
     UPDATEDIALOG* state = new UPDATEDIALOG();
     state->console = console;
     CopyText(state->font, "None");
-    SetWindowLongPtrA(dialog, DWLP_USER, (LONG_PTR)state);
+    AttachDialogState(dialog, state);
     HWND progress = GetDlgItem(dialog, IDC_FIRMWARE_PROGRESS);
     SendMessageA(progress, PBM_SETRANGE, 0, MAKELPARAM(0, 100));
     SendMessageA(progress, PBM_SETBKCOLOR, 0, (LPARAM)RGB(0xD4, 0xD0, 0xC8));
@@ -101,7 +97,7 @@ void EnableButtons(HWND dialog, BOOL enable)
 
 void CleanUp(HWND dialog, UPDATEDIALOG* state)
 {
-    KillTimer(dialog, kUploadTimer);
+    KillTimer(dialog, TIMER_UPLOAD);
     DeleteExtractedFiles(&state->extracted);
     state->uploading = false;
     EnableButtons(dialog, TRUE);
@@ -151,7 +147,7 @@ void Update_Start(HWND dialog, UPDATEDIALOG* state)
     SecureZeroMemory(request, sizeof request);
     EnableButtons(dialog, FALSE);
     state->uploading = true;
-    SetTimer(dialog, kUploadTimer, kUploadPeriod, NULL);
+    SetTimer(dialog, TIMER_UPLOAD, kUploadPeriod, NULL);
     ShowWindow(GetDlgItem(dialog, IDC_FIRMWARE_PROGRESS), SW_SHOW);
 }
 
@@ -208,22 +204,19 @@ void Update_AlertColour(UINT message, WPARAM wParam, LPARAM lParam)
 
 void Update_Destroy(HWND dialog, UPDATEDIALOG* state)
 {
-    KillTimer(dialog, kUploadTimer);
+    KillTimer(dialog, TIMER_UPLOAD);
     DeleteExtractedFiles(&state->extracted);
     SecureZeroMemory(&state->password, sizeof state->password);
-    SetWindowLongPtrA(dialog, DWLP_USER, 0);
-    delete state;
+    FreeDialogState<UPDATEDIALOG>(dialog);
 }
 
-}  // namespace
-
-INT_PTR CALLBACK FirmwareUpdateDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
+INT_PTR Update_Dispatch(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_INITDIALOG) {
         Update_Init(dialog, reinterpret_cast<CONSOLEPROPERTIES*>(lParam));
         return TRUE;
     }
-    UPDATEDIALOG* state = StateOf(dialog);
+    UPDATEDIALOG* state = DialogState<UPDATEDIALOG>(dialog);
     if (!state)
         return FALSE;
     INT_PTR flat = 0;
@@ -239,7 +232,7 @@ INT_PTR CALLBACK FirmwareUpdateDialogProc(HWND dialog, UINT message, WPARAM wPar
             EndDialog(dialog, 1);  // CLOSE; impossible while an upload runs
         return TRUE;
     case WM_TIMER:
-        if (wParam == kUploadTimer)
+        if (wParam == TIMER_UPLOAD)
             Update_Poll(dialog, state);
         return TRUE;
     case WM_DESTROY:
@@ -248,6 +241,13 @@ INT_PTR CALLBACK FirmwareUpdateDialogProc(HWND dialog, UINT message, WPARAM wPar
     default:
         return FALSE;
     }
+}
+
+}  // namespace
+
+INT_PTR CALLBACK FirmwareUpdateDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return GuardedDialogProc<Update_Dispatch>(dialog, message, wParam, lParam);
 }
 
 INT_PTR RunFirmwareUpdate(HINSTANCE module, HWND owner, CONSOLEPROPERTIES* console)

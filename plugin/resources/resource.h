@@ -1,4 +1,5 @@
-// Resource ids of the plug-in: every dialog, menu, string and image id lives here.
+// Resource ids of the plug-in: every dialog, menu, string and image id lives
+// here (ids of windows and commands made in code: protocol.h).
 #pragma once
 
 // Small console faces (type "SMALLCONSOLE"), drawn on the device canvas.
@@ -47,14 +48,6 @@
 #define IDM_SPECIAL_ALARMBUTTON 40005
 #define IDM_SPECIAL_KEYSWITCH 40006
 
-// The console view's toolbar and page buttons.
-#define IDC_VIEWTOOL_POINTER 1
-#define IDC_VIEWTOOL_ADDEXTENSION 20
-#define IDC_VIEWTOOL_REMOVEEXTENSION 3
-#define IDC_PAGEBUTTON_CONSOLE 2000    // 2001 + slot for the extensions
-#define IDC_VIEW_TOOLBAR 1001
-#define IDC_LABELEDITOR 1002
-
 // Dialogs.
 #define IDD_CALLSTATIONDIALOG 165
 #define IDD_PASSWORD 204
@@ -72,9 +65,6 @@
 #define IDC_FIRMWARE_WARNING 1096
 #define IDC_FIRMWARE_NOTICE 1067
 #define IDC_FIRMWARE_START 1058
-
-// The configuration window.
-#define IDC_CONFIGURATION_UPDATE 6063
 
 // Strings.
 #define IDS_NO_FIRMWARE 4

@@ -9,13 +9,10 @@
 
 #include <commctrl.h>
 #include "../../plugin/console/keygeometry.h"
+#include "../../plugin/protocol.h"
 
 namespace {
 
-const UINT kSetPage = WM_USER + 2;
-const UINT kHitTest = WM_USER + 10;
-const UINT kEditMode = WM_USER + 16;
-const int kLabelEditor = 1002;
 
 const char kController[] = "control=0 ORNCON \"ORNCON_1\" 0x54000000 0,100,150x40";
 const char kSystemFaults[] = "System Faults,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,,,";
@@ -134,7 +131,7 @@ void PutOnClipboard(HWND owner, const char* text)
 int HitTest(HWND view, int x, int y)
 {
     int id = -1;
-    return SendMessageA(view, kHitTest, (WPARAM)&id, MAKELPARAM(x, y)) ? id : -1;
+    return SendMessageA(view, CVM_HITTEST, (WPARAM)&id, MAKELPARAM(x, y)) ? id : -1;
 }
 
 }  // namespace
@@ -159,7 +156,7 @@ TEST_F(ConsoleView, HitTestsFindTheKeysOfEveryViewAndStrip)
 
 TEST_F(ConsoleView, PressesReachTheDeviceOnlyFromAConnectedConsole)
 {
-    SendMessageA(view, kEditMode, 0, 0);
+    SendMessageA(view, CVM_SETEDITMODE, 0, 0);
     Press(5);
     EXPECT_EQ(GetCapture(), view);
     Release(5);
@@ -180,7 +177,7 @@ TEST_F(ConsoleView, PressesReachTheDeviceOnlyFromAConnectedConsole)
     EXPECT_NE(GetCapture(), view);
     EXPECT_EQ(Leds()[8], '0');
 
-    SendMessageA(view, kEditMode, 0, 1);  // designing: clicks select
+    SendMessageA(view, CVM_SETEDITMODE, 0, 1);  // designing: clicks select
     Press(9);
     Release(9);
     EXPECT_EQ(Leds()[9], '0');
@@ -260,7 +257,7 @@ TEST_F(ConsoleView, ExtensionsStopAtTheirLimitsWithTheirMessages)
 TEST_F(ConsoleView, PageButtonsShowOneExtensionAtATime)
 {
     design.Edit("ORNCST_1*ExtensionCount=3");
-    SendMessageA(view, kSetPage, 0, 1);
+    SendMessageA(view, CVM_SETPAGE, 0, 1);
     char text[32] = "";
     HWND third = GetDlgItem(view, 2003);
     ASSERT_NE(third, nullptr);
@@ -271,11 +268,11 @@ TEST_F(ConsoleView, PageButtonsShowOneExtensionAtATime)
     MapWindowPoints(NULL, view, (POINT*)&r, 2);
     EXPECT_EQ(r.top, 90);
     EXPECT_EQ(GetDlgItem(view, 2004), nullptr);
-    EXPECT_EQ(SendMessageA(GetDlgItem(view, 2000), BM_GETCHECK, 0, 0), BST_CHECKED);
+    EXPECT_EQ(SendMessageA(GetDlgItem(view, IDC_PAGEBUTTON_CONSOLE), BM_GETCHECK, 0, 0), BST_CHECKED);
 
     SendMessageA(view, WM_COMMAND, 2003, (LPARAM)third);
     EXPECT_EQ(SendMessageA(third, BM_GETCHECK, 0, 0), BST_CHECKED);
-    EXPECT_EQ(SendMessageA(GetDlgItem(view, 2000), BM_GETCHECK, 0, 0), BST_UNCHECKED);
+    EXPECT_EQ(SendMessageA(GetDlgItem(view, IDC_PAGEBUTTON_CONSOLE), BM_GETCHECK, 0, 0), BST_UNCHECKED);
     bool slotKeys = true;
     int found = 0;
     // Keys are 31 by 18: a grid of 30 by 17 meets every one.
@@ -314,7 +311,7 @@ TEST_F(ConsoleView, LabelEditorStoresOnEnterAndDropsOnFocusLoss)
     const CONSOLEKEY key = Key(4);
     const LPARAM box = MAKELPARAM(key.left + 2, key.top + 31);
     SendMessageA(view, WM_LBUTTONDOWN, MK_LBUTTON, box);
-    HWND editor = GetDlgItem(view, kLabelEditor);
+    HWND editor = GetDlgItem(view, IDC_LABELEDITOR);
     ASSERT_NE(editor, nullptr);
     SetWindowTextA(editor, std::string(1024, 'x').c_str());
     SendMessageA(editor, WM_KEYDOWN, VK_RETURN, 0);
@@ -322,7 +319,7 @@ TEST_F(ConsoleView, LabelEditorStoresOnEnterAndDropsOnFocusLoss)
     EXPECT_EQ(design.Get("ORNCST_1", "keylabel004"), std::string(31, 'x'));
 
     SendMessageA(view, WM_LBUTTONDOWN, MK_LBUTTON, box);
-    editor = GetDlgItem(view, kLabelEditor);
+    editor = GetDlgItem(view, IDC_LABELEDITOR);
     ASSERT_NE(editor, nullptr);
     SetWindowTextA(editor, "Lobby");
     SendMessageA(editor, WM_KILLFOCUS, 0, 0);
@@ -331,7 +328,7 @@ TEST_F(ConsoleView, LabelEditorStoresOnEnterAndDropsOnFocusLoss)
 
     const CONSOLEKEY wide = Key(KEY_WIDE);
     SendMessageA(view, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(wide.left - 10, wide.top - 175));  // its box is read-only
-    EXPECT_EQ(GetDlgItem(view, kLabelEditor), nullptr);
+    EXPECT_EQ(GetDlgItem(view, IDC_LABELEDITOR), nullptr);
 }
 
 namespace {
@@ -414,7 +411,7 @@ TEST_F(ConsoleView, ScrollingMovesThePictureAndItsHeader)
     ASSERT_NE(name, nullptr);
     EXPECT_TRUE(GetWindowLongA(name, GWL_STYLE) & WS_VISIBLE);
     EXPECT_TRUE(IsWindowEnabled(name));
-    SendMessageA(other, kEditMode, 0, 0);
+    SendMessageA(other, CVM_SETEDITMODE, 0, 0);
     EXPECT_FALSE(IsWindowEnabled(name));
     EXPECT_FALSE(GetWindowLongA(FindWindowExA(other, NULL, "STATIC", "StatLabel"), GWL_STYLE) & WS_VISIBLE);
 
