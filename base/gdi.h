@@ -18,6 +18,13 @@ public:
     GdiObject& operator=(const GdiObject&) = delete;
     operator HANDLE_TYPE() const { return m_handle; }
     HANDLE_TYPE Get() const { return m_handle; }
+    // Takes another handle; the one held before is deleted.
+    void Reset(HANDLE_TYPE handle = NULL)
+    {
+        if (m_handle && m_handle != handle)
+            DeleteObject(m_handle);
+        m_handle = handle;
+    }
 
 private:
     HANDLE_TYPE m_handle;

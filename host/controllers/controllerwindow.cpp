@@ -4,14 +4,10 @@
 
 #include "../../base/text.h"
 #include "../../base/gdi.h"
+#include "../../base/window.h"
 #include "../../base/banned.h"
 
 namespace {
-
-CONTROLLER* ControllerOf(HWND hwnd)
-{
-    return reinterpret_cast<CONTROLLER*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
-}
 
 LRESULT Controller_Create(HWND hwnd, const CREATESTRUCTA* create)
 {
@@ -21,7 +17,7 @@ LRESULT Controller_Create(HWND hwnd, const CREATESTRUCTA* create)
     CONTROLLER* c = new CONTROLLER;
     a_InitializeHostinfo(c, hwnd, record);
     c->AttachModule();
-    SetWindowLongPtrA(hwnd, GWLP_USERDATA, (LONG_PTR)c);
+    AttachWindowState(hwnd, c);
     a_AddHostinfo(c->m_pHost, c);
     HOSTINFO* root = a_FindRootHostinfo(c);
     a_HostinfoCreated(root, c);
@@ -42,7 +38,7 @@ void Controller_Destroy(HWND hwnd, CONTROLLER* c)
     a_HostinfoDestroyed(root, &c->module);
     a_HostinfoDestroyed(root, c);
     a_RemoveHostinfo(c->m_pHost, c);
-    SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
+    AttachWindowState<CONTROLLER>(hwnd, nullptr);  // kept alive for its consoles, not freed
     c->deleted = true;
     RetireController(c);
 }
@@ -86,7 +82,7 @@ LRESULT CALLBACK ControllerWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARA
 {
     if (message == WM_CREATE)
         return Controller_Create(hwnd, reinterpret_cast<CREATESTRUCTA*>(lParam));
-    CONTROLLER* c = ControllerOf(hwnd);
+    CONTROLLER* c = WindowState<CONTROLLER>(hwnd);
     if (!c)
         return DefWindowProcA(hwnd, message, wParam, lParam);
     switch (message) {

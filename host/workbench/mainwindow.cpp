@@ -4,6 +4,7 @@
 #include <commdlg.h>
 
 #include "../../base/text.h"
+#include "../../base/window.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -34,11 +35,6 @@ struct FRAME {
     HWND status;
     int ticks;  // host timer ticks, for the slower property refresh
 };
-
-FRAME* FrameOf(HWND hwnd)
-{
-    return reinterpret_cast<FRAME*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
-}
 
 HMENU BuildMenu()
 {
@@ -87,7 +83,7 @@ void Frame_UpdateStatus(FRAME* frame)
 LRESULT Frame_Create(HWND hwnd, const CREATESTRUCTA* create)
 {
     FRAME* frame = new FRAME{static_cast<WORKBENCH*>(create->lpCreateParams), NULL, 0};
-    SetWindowLongPtrA(hwnd, GWLP_USERDATA, (LONG_PTR)frame);
+    AttachWindowState(hwnd, frame);
     WORKBENCH* bench = frame->bench;
     bench->frame = hwnd;
     bench->surface = CreateWindowExA(WS_EX_CLIENTEDGE, kSurfaceClass, "", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0,
@@ -228,7 +224,7 @@ LRESULT CALLBACK FrameWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
 {
     if (message == WM_CREATE)
         return Frame_Create(hwnd, reinterpret_cast<CREATESTRUCTA*>(lParam));
-    FRAME* frame = FrameOf(hwnd);
+    FRAME* frame = WindowState<FRAME>(hwnd);
     if (!frame)
         return DefWindowProcA(hwnd, message, wParam, lParam);
     switch (message) {
@@ -247,8 +243,7 @@ LRESULT CALLBACK FrameWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
         KillTimer(hwnd, kHostTimer);
         DestroyPropertyList(frame->bench->properties);
         frame->bench->properties = NULL;
-        SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
-        delete frame;
+        FreeWindowState<FRAME>(hwnd);
         PostQuitMessage(0);
         return 0;
     default:

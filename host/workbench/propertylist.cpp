@@ -7,6 +7,7 @@
 #include <commctrl.h>
 
 #include "../../base/text.h"
+#include "../../base/window.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -19,11 +20,6 @@ struct LISTSTATE {
     HWND editor;       // the in-place editor, while a value is edited
     int editedRow;
 };
-
-LISTSTATE* StateOf(HWND list)
-{
-    return reinterpret_cast<LISTSTATE*>(GetWindowLongPtrA(list, GWLP_USERDATA));
-}
 
 bool IsListedKeyword(HOSTINFO* obj, const char* keyword)
 {
@@ -59,13 +55,13 @@ LRESULT CALLBACK EditorProc(HWND editor, UINT message, WPARAM wParam, LPARAM lPa
         return DLGC_WANTALLKEYS;
     case WM_KEYDOWN:
         if (wParam == VK_RETURN || wParam == VK_ESCAPE) {
-            CommitEdit(list, StateOf(list), wParam == VK_RETURN);
+            CommitEdit(list, WindowState<LISTSTATE>(list), wParam == VK_RETURN);
             return 0;
         }
         break;
     case WM_KILLFOCUS:
-        if (StateOf(list) && StateOf(list)->editor == editor)
-            CommitEdit(list, StateOf(list), false);
+        if (WindowState<LISTSTATE>(list) && WindowState<LISTSTATE>(list)->editor == editor)
+            CommitEdit(list, WindowState<LISTSTATE>(list), false);
         break;
     case WM_NCDESTROY:
         RemoveWindowSubclass(editor, EditorProc, kEditorSubclass);
@@ -90,14 +86,13 @@ HWND CreatePropertyList(HWND parent, WORKBENCH* bench)
     column.cx = 134;
     column.pszText = const_cast<char*>("Value");
     SendMessageA(list, LVM_INSERTCOLUMNA, 1, (LPARAM)&column);
-    SetWindowLongPtrA(list, GWLP_USERDATA, (LONG_PTR) new LISTSTATE{bench, nullptr, NULL, -1});
+    AttachWindowState(list, new LISTSTATE{bench, nullptr, NULL, -1});
     return list;
 }
 
 void DestroyPropertyList(HWND list)
 {
-    delete StateOf(list);
-    SetWindowLongPtrA(list, GWLP_USERDATA, 0);
+    FreeWindowState<LISTSTATE>(list);
     DestroyWindow(list);
 }
 
@@ -112,7 +107,7 @@ void ListCell(HWND list, int row, int column, char* text, int size)
 
 void ShowProperties(HWND list, HOSTINFO* obj)
 {
-    if (LISTSTATE* state = StateOf(list))
+    if (LISTSTATE* state = WindowState<LISTSTATE>(list))
         state->shown = obj;
     SendMessageA(list, WM_SETREDRAW, FALSE, 0);
     SendMessageA(list, LVM_DELETEALLITEMS, 0, 0);
@@ -124,7 +119,7 @@ void ShowProperties(HWND list, HOSTINFO* obj)
 
 void RefreshPropertyValues(HWND list)
 {
-    LISTSTATE* state = StateOf(list);
+    LISTSTATE* state = WindowState<LISTSTATE>(list);
     if (!state || !state->shown || state->editor)
         return;
     const int rows = (int)SendMessageA(list, LVM_GETITEMCOUNT, 0, 0);
@@ -146,7 +141,7 @@ void RefreshPropertyValues(HWND list)
 
 bool BeginPropertyEdit(HWND list, int row)
 {
-    LISTSTATE* state = StateOf(list);
+    LISTSTATE* state = WindowState<LISTSTATE>(list);
     if (!state || !state->shown || row < 0 || state->editor)
         return false;
     char keyword[256] = "", value[1024] = "";
@@ -183,6 +178,6 @@ int FindPropertyRow(HWND list, const char* keyword)
 
 HWND PropertyEditor(HWND list)
 {
-    LISTSTATE* state = StateOf(list);
+    LISTSTATE* state = WindowState<LISTSTATE>(list);
     return state ? state->editor : NULL;
 }

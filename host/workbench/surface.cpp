@@ -6,6 +6,7 @@
 
 #include <windowsx.h>
 
+#include "../../base/window.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -15,11 +16,6 @@ struct SURFACE {
     HOSTINFO* dragged;  // the object being moved, while the button is down
     POINT grab;         // where in the object it was taken
 };
-
-SURFACE* SurfaceOf(HWND hwnd)
-{
-    return reinterpret_cast<SURFACE*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
-}
 
 struct OBJECTSEARCH {
     HWND window;
@@ -96,10 +92,10 @@ LRESULT CALLBACK SurfaceWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM l
 {
     if (message == WM_CREATE) {
         const CREATESTRUCTA* create = reinterpret_cast<CREATESTRUCTA*>(lParam);
-        SetWindowLongPtrA(hwnd, GWLP_USERDATA, (LONG_PTR) new SURFACE{(WORKBENCH*)create->lpCreateParams, nullptr, {}});
+        AttachWindowState(hwnd, new SURFACE{(WORKBENCH*)create->lpCreateParams, nullptr, {}});
         return 0;
     }
-    SURFACE* surface = SurfaceOf(hwnd);
+    SURFACE* surface = WindowState<SURFACE>(hwnd);
     if (!surface)
         return DefWindowProcA(hwnd, message, wParam, lParam);
     switch (message) {
@@ -123,8 +119,7 @@ LRESULT CALLBACK SurfaceWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM l
         SendMessageA(hwnd, WM_ERASEBKGND, wParam, 0);
         return 0;
     case WM_DESTROY:
-        SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
-        delete surface;
+        FreeWindowState<SURFACE>(hwnd);
         return 0;
     default:
         return DefWindowProcA(hwnd, message, wParam, lParam);

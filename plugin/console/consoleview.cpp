@@ -121,8 +121,6 @@ LRESULT View_Create(HWND hwnd, const CREATESTRUCTA* create)
 void View_Destroy(HWND hwnd, CONSOLEVIEW* view)
 {
     KillTimer(hwnd, TIMER_POLL);
-    if (view->pictureBitmap)
-        DeleteObject(view->pictureBitmap);
     if (view->toolbar && IsWindow(view->toolbar))
         DestroyWindow(view->toolbar);
     if (view->tooltip && IsWindow(view->tooltip))
@@ -184,9 +182,8 @@ void EndRubberBand(HWND hwnd, CONSOLEVIEW* view)
 {
     const RECT band = Normalized(view->rubberBand);
     {
-        HDC hdc = GetDC(hwnd);
+        WindowDC hdc(hwnd);
         DrawFocusRect(hdc, &band);  // erase it
-        ReleaseDC(hwnd, hdc);
     }
     view->dragMode = 0;
     for (const CONSOLEKEY& key : view->keys) {
@@ -230,14 +227,13 @@ void View_CaptureChanged(HWND hwnd, CONSOLEVIEW* view)
 void View_MouseMove(HWND hwnd, CONSOLEVIEW* view, LPARAM lParam)
 {
     if (view->dragMode == 1 && GetCapture() == hwnd) {
-        HDC hdc = GetDC(hwnd);
+        WindowDC hdc(hwnd);
         RECT band = Normalized(view->rubberBand);
         DrawFocusRect(hdc, &band);
         view->rubberBand.right = GET_X_LPARAM(lParam);
         view->rubberBand.bottom = GET_Y_LPARAM(lParam);
         band = Normalized(view->rubberBand);
         DrawFocusRect(hdc, &band);
-        ReleaseDC(hwnd, hdc);
         return;
     }
     if (const CONSOLEKEY* key = KeyUnder(view, lParam))

@@ -91,7 +91,7 @@ void ShowHeader(CONSOLEVIEW* view)
     if (view->header[HEADER_PICTURE])
         ShowWindow(view->header[HEADER_PICTURE], SW_HIDE);
     if (zel && IsBoardView(ConsoleType(view)) && view->header[HEADER_PICTURE]) {
-        SendMessageA(view->header[HEADER_PICTURE], STM_SETIMAGE, IMAGE_BITMAP, (LPARAM)view->pictureBitmap);
+        SendMessageA(view->header[HEADER_PICTURE], STM_SETIMAGE, IMAGE_BITMAP, (LPARAM)view->pictureBitmap.Get());
         ShowWindow(view->header[HEADER_PICTURE], SW_SHOW);
     }
 }
@@ -195,7 +195,7 @@ void CreateHeaderControls(HWND hwnd, CONSOLEVIEW* view)
     view->header[HEADER_PICTURE] =
         CreateWindowExA(0, "STATIC", "StatLabel", 0x5000000E, 69 + dx, 171 + dy, 52, 21, hwnd, NULL,
                         ModuleInstance(), NULL);
-    view->pictureBitmap = LoadBitmapA(ModuleInstance(), MAKEINTRESOURCEA(IDB_ZELLOGO));
+    view->pictureBitmap.Reset(LoadBitmapA(ModuleInstance(), MAKEINTRESOURCEA(IDB_ZELLOGO)));
     // The page's widgets show the console they sit on.
     char connection[HOSTNAME_SIZE + 16];
     FormatText(connection, sizeof connection, "connection=%s", c->m_szName);

@@ -8,6 +8,8 @@
 
 #include "keygeometry.h"
 
+#include "../../base/gdi.h"
+
 class CONSOLEPROPERTIES;
 
 enum { NO_KEY = -1 };
@@ -35,7 +37,7 @@ struct CONSOLEVIEW {
     HWND tooltip = NULL;
     HWND toolbar = NULL;
     HWND header[4] = {};                   // online indicator, name field, find button, picture
-    HBITMAP pictureBitmap = NULL;
+    Bitmap pictureBitmap;
     std::vector<HWND> pageButtons;
     int tipKey = NO_KEY;
     char tipText[128] = "";
