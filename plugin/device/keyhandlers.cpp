@@ -80,7 +80,7 @@ int OptionStateHandler(REQUEST* r, CONSOLEPROPERTIES* c, int special)
     if (IsRead(r, REQTYPE_TEXT))
         return AnswerText(r, "%d", state);
     int value = 0;
-    if (!IsWrite(r, REQTYPE_TEXT) || !ScanDecimal(TextOf(r), &value) || value < 0 || value > 2)
+    if (!IsWrite(r, REQTYPE_TEXT) || !ScanLeadingInt(TextOf(r), &value) || value < 0 || value > 2)
         return 0;
     state = (uint8_t)value;
     c->NotifyConsoleView(CVM_KEYCHANGED, 0, KEY_SPECIAL_FIRST + special);

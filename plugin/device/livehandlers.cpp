@@ -224,7 +224,7 @@ int WatchdogClearHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     int value = 0;
     if (IsWrite(r, REQTYPE_INT))
         value = *static_cast<const int*>(r->value);
-    else if (!IsWrite(r, REQTYPE_TEXT) || !ScanDecimal(TextOf(r), &value))
+    else if (!IsWrite(r, REQTYPE_TEXT) || !ScanLeadingInt(TextOf(r), &value))
         return 0;
     return (int)WriteConsoleVariable(c, "WatchdogClear", &value, REQTYPE_INT);
 }

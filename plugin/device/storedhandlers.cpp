@@ -44,7 +44,7 @@ int ExtensionTypesHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     const char* p = TextOf(r);
     for (int slot = 0; slot < CONSOLE_EXTENSION_SLOTS; slot++) {
         int value = 0;
-        if (!ScanDecimal(p, &value))
+        if (!ScanLeadingInt(p, &value))
             break;
         if (value != 0)
             used++;
@@ -67,7 +67,7 @@ int ExtensionCountHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     if (IsRead(r, REQTYPE_TEXT))
         return AnswerText(r, "%d", c->m_settings.extensionCount);
     int count = 0;
-    if (!IsWrite(r, REQTYPE_TEXT) || !ScanDecimal(TextOf(r), &count) || count < 0 ||
+    if (!IsWrite(r, REQTYPE_TEXT) || !ScanLeadingInt(TextOf(r), &count) || count < 0 ||
         count > CONSOLE_EXTENSION_SLOTS)
         return 0;
     SetExtensionCount(c, count);
