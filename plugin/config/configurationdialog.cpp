@@ -20,7 +20,6 @@ const COLORREF kPageColour = RGB(0xD4, 0xD0, 0xC8);  // the widgets' background,
 // What the window keeps until its pages are built.
 struct CONFIGURATIONSTATE {
     CONSOLEPROPERTIES* console;
-    bool offline;
 };
 
 CONFIGURATIONSTATE* StateOf(HWND hwnd)
@@ -30,7 +29,7 @@ CONFIGURATIONSTATE* StateOf(HWND hwnd)
 
 LRESULT Configuration_Create(HWND hwnd, const CREATESTRUCTA* create)
 {
-    CONFIGURATIONSTATE* state = new CONFIGURATIONSTATE{static_cast<CONSOLEPROPERTIES*>(create->lpCreateParams), true};
+    CONFIGURATIONSTATE* state = new CONFIGURATIONSTATE{static_cast<CONSOLEPROPERTIES*>(create->lpCreateParams)};
     SetWindowLongPtrA(hwnd, GWLP_USERDATA, (LONG_PTR)state);
     HWND update = CreateWindowExA(0, "BUTTON", "UPDATE", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, 891, 570,
                                   100, 18, hwnd, (HMENU)(INT_PTR)IDC_CONFIGURATION_UPDATE, ModuleInstance(), NULL);
@@ -49,7 +48,7 @@ void Configuration_Draw(HWND hwnd, CONFIGURATIONSTATE* state, HDC hdc)
     Selection font(hdc, GetStockObject(DEFAULT_GUI_FONT));
     char text[256];
     FormatText(text, sizeof text, "%s is %s.\nIts configuration pages are not implemented yet; UPDATE runs the firmware update.",
-               state->console ? state->console->m_szName : "The console", state->offline ? "offline" : "online");
+               state->console ? state->console->m_szName : "The console", state->console && state->console->IsOnline() ? "online" : "offline");
     RECT box = client;
     InflateRect(&box, -24, -24);
     DrawTextA(hdc, text, -1, &box, DT_LEFT | DT_TOP | DT_NOPREFIX);
@@ -106,8 +105,7 @@ LRESULT CALLBACK ConfigurationDialogWndProc(HWND hwnd, UINT message, WPARAM wPar
     case WM_DRAWITEM:
         DrawOwnerPushButton(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
         return TRUE;
-    case WM_USER + 16:  // the console went offline (lParam 1) or online (0)
-        state->offline = lParam != 0;
+    case WM_USER + 16:  // the console went offline (lParam 1) or online (0); its flag word says which
         InvalidateRect(hwnd, NULL, FALSE);
         return 0;
     case WM_DESTROY:
