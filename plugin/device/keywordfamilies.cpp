@@ -14,15 +14,17 @@ const uint32_t S = KEYWORD_SAVED;
 const uint32_t L = KEYWORD_LISTED;
 const uint32_t SL = KEYWORD_SAVED | KEYWORD_LISTED;
 
+// The seventh mask is the test fault's; there is no FaultMask7.
 constexpr const char* kFaultMaskKeywords[] = {
-    "FaultMask1", "FaultMask2", "FaultMask3",    "FaultMask4", "FaultMask5",
+    "FaultMask1", "FaultMask2", "FaultMask3", "FaultMask4", "FaultMask5",
     "FaultMask6", "FaultMaskTest", "FaultMask8", "FaultMask9", "FaultMask10",
 };
+static_assert(sizeof kFaultMaskKeywords / sizeof kFaultMaskKeywords[0] == FAULTMASK_COUNT, "one keyword per mask");
 
 // In the order of MIRROREDSETTING.
 constexpr const char* kMirroredKeywords[] = {
-    "preChimeActive", "reportFaults",   "Compressor",         "ShowDate",                  "Buzzer",
-    "CANTermination", "BgmMenuActive",  "ShowLineMonitoring", "ShowPowerManagementStates",
+    "preChimeActive", "reportFaults", "Compressor", "ShowDate", "Buzzer",
+    "CANTermination", "BgmMenuActive", "ShowLineMonitoring", "ShowPowerManagementStates",
 };
 static_assert(sizeof kMirroredKeywords / sizeof kMirroredKeywords[0] == MIRRORED_COUNT, "one keyword per setting");
 
@@ -31,7 +33,7 @@ constexpr KEYWORDFAMILY kFamilies[] = {
     {nullptr, kFaultMaskKeywords, 1, FAULTMASK_COUNT, SL, FaultMaskHandler},
     {"StateFlags%d", nullptr, 1, 8, L, StateFlagsHandler},
     {"key%03d", nullptr, 0, CONSOLE_KEY_COUNT - 1, S, KeyHandler},
-    {"key%04dOptionState", nullptr, 120, 122, S, OptionStateHandler},
+    {"key%04dOptionState", nullptr, 120, 122, S, OptionStateHandler},  // the special keys, four digits
     {"keylabel%03d", nullptr, 0, CONSOLE_KEY_COUNT - 1, S, KeyLabelHandler},
     {"NumericKey%d", nullptr, 0, CONSOLE_NUMERICKEY_COUNT - 1, S, NumericKeyHandler},
     {nullptr, kMirroredKeywords, 0, MIRRORED_COUNT - 1, SL, MirroredSettingHandler},
