@@ -21,13 +21,12 @@ const COLORREF kPageColour = RGB(0xD4, 0xD0, 0xC8);  // the widgets' background,
 // What the window keeps until its pages are built.
 struct CONFIGURATIONSTATE {
     CONSOLEPROPERTIES* console;
-    bool offline;
 };
 
 LRESULT Configuration_Create(HWND hwnd, const CREATESTRUCTA* create)
 {
-    CONFIGURATIONSTATE* state = AttachWindowState(
-        hwnd, new CONFIGURATIONSTATE{static_cast<CONSOLEPROPERTIES*>(create->lpCreateParams), true});
+    CONFIGURATIONSTATE* state =
+        AttachWindowState(hwnd, new CONFIGURATIONSTATE{static_cast<CONSOLEPROPERTIES*>(create->lpCreateParams)});
     HWND update = CreateWindowExA(0, "BUTTON", "UPDATE", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, 891, 570,
                                   100, 18, hwnd, (HMENU)(INT_PTR)IDC_CONFIGURATION_UPDATE, ModuleInstance(), NULL);
     SendMessageA(update, WM_SETFONT, (WPARAM)a_GetFont("MS Sans Serif,8"), FALSE);
@@ -45,7 +44,7 @@ void Configuration_Draw(HWND hwnd, CONFIGURATIONSTATE* state, HDC hdc)
     Selection font(hdc, GetStockObject(DEFAULT_GUI_FONT));
     char text[256];
     FormatText(text, sizeof text, "%s is %s.\nIts configuration pages are not implemented yet; UPDATE runs the firmware update.",
-               state->console ? state->console->m_szName : "The console", state->offline ? "offline" : "online");
+               state->console ? state->console->m_szName : "The console", state->console && state->console->IsOnline() ? "online" : "offline");
     RECT box = client;
     InflateRect(&box, -24, -24);
     DrawTextA(hdc, text, -1, &box, DT_LEFT | DT_TOP | DT_NOPREFIX);
@@ -103,8 +102,7 @@ LRESULT Configuration_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lP
     case WM_DRAWITEM:
         DrawOwnerPushButton(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
         return TRUE;
-    case CFM_SETOFFLINE:
-        state->offline = lParam != 0;
+    case CFM_SETOFFLINE:  // the console went offline or online; its flag word says which
         InvalidateRect(hwnd, NULL, FALSE);
         return 0;
     case WM_DESTROY:

@@ -257,14 +257,13 @@ void ChangeExtensions(HWND hwnd, CONSOLEVIEW* view, bool add)
     else
         RemoveExtensionSlot(slots);
     c->m_settings.extensionCount = PresentExtensions(slots);
-    view->extensionPages = c->m_settings.extensionCount;
     c->MarkEdited();
     SendMessageA(hwnd, CVM_SETPAGE, 0, view->page % 3);
 }
 
 void ChoosePage(HWND hwnd, CONSOLEVIEW* view, int page, HWND button)
 {
-    if (view->extensionPages > 0)
+    if (PresentExtensions(view->console->m_settings.extensionSlots) > 0)
         ShowExtensionPage(hwnd, view, page);
     else
         BuildViewLayout(hwnd, view, view->page);

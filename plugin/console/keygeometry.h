@@ -47,12 +47,9 @@ struct CONSOLEKEY {
     int32_t id;
     char label[KEYTEXT_LENGTH];
     int image;          // strip resource id
-    int left, top;      // right and bottom stay 0: hits use the frame size
-    int right, bottom;
+    int left, top;      // hits use the frame size from here
     int frameWidth;
     int frameHeight;
-    uint16_t state;
-    uint8_t flag;
     char buttonPin[KEYTEXT_LENGTH];
     char primaryLedPin[KEYTEXT_LENGTH];
     char secondaryLedPin[KEYTEXT_LENGTH];

@@ -152,7 +152,7 @@ void ShowKeyMenu(HWND hwnd, CONSOLEVIEW* view, POINT screen)
         return;
     view->selection.assign(1, key);
     InvalidateRect(hwnd, NULL, TRUE);
-    if (c->m_wFlags & HOSTFLAG_ONLINE)
+    if (c->IsOnline())
         return;  // a running console keeps its keys
     const bool special = kind == KEYMENU_SPECIAL;
     HMENU menu = LoadMenuA(ModuleInstance(),

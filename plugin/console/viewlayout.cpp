@@ -138,12 +138,12 @@ void CreatePageButtons(HWND hwnd, CONSOLEVIEW* view)
 void SetScrollRange(HWND hwnd, CONSOLEVIEW* view)
 {
     view->scrollPosition = 0;
-    if (view->extensionPages == 0) {
+    const int extensions = PresentExtensions(view->console->m_settings.extensionSlots);
+    if (extensions == 0) {
         ShowScrollBar(hwnd, SB_HORZ, FALSE);
         return;
     }
-    SCROLLINFO info = {sizeof info, SIF_RANGE | SIF_PAGE | SIF_POS, 0, EXTENSION_STRIP_WIDTH * view->extensionPages + 523,
-                       525, 0, 0};
+    SCROLLINFO info = {sizeof info, SIF_RANGE | SIF_PAGE | SIF_POS, 0, EXTENSION_STRIP_WIDTH * extensions + 523, 525, 0, 0};
     ShowScrollBar(hwnd, SB_HORZ, TRUE);
     SetScrollInfo(hwnd, SB_HORZ, &info, TRUE);
 }
@@ -246,7 +246,6 @@ void BuildViewLayout(HWND hwnd, CONSOLEVIEW* view, int page)
     view->selectedPage = 0;
     view->showConsole = true;
     const uint8_t* slots = view->console->m_settings.extensionSlots;
-    view->extensionPages = PresentExtensions(slots);
     if (page == 1) {
         view->keyOffsetX = kPageButtonShift;
         AddConsoleFace(view);

@@ -25,7 +25,6 @@ struct CONSOLEVIEW {
     int keyOffsetX = 0;                    // 63 with page buttons; extension pages move the strip
     int editedKey = NO_KEY;
     int page = 0;                          // 0 side by side, 1 with page buttons
-    int extensionPages = 0;                // extensions present, 0 to 5
     int selectedPage = 0;                  // 0 the console, k extension slot k - 1
     int stripCount = 0;                    // extension pictures drawn
     bool showConsole = true;               // false on an extension's own page

@@ -49,6 +49,9 @@ struct CONSOLESETTINGS {
     uint8_t fireEmergencyMonitoring = 0;
     int16_t priority = 0;
     int32_t address = 0;
+    // Extension presence, kept here only: a byte per slot, which the console
+    // view's toolbar marks directly, and the count the design file keeps. An
+    // "extensionTypes" line reaches the slots only through the count.
     int32_t extensionCount = 0;
     uint8_t extensionSlots[CONSOLE_EXTENSION_SLOTS] = {};
     char emergencyCstKeys[SHORTTEXT_SIZE] = {};

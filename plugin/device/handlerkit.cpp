@@ -14,11 +14,6 @@ int AnswerText(REQUEST* r, const char* format, ...)
     return 1;
 }
 
-bool ScanDecimal(const char* text, int* value)
-{
-    return ScanLeadingInt(text, value);
-}
-
 int StoredToggle(REQUEST* r, uint8_t* stored)
 {
     if (IsRead(r, REQTYPE_INT)) {
@@ -32,7 +27,7 @@ int StoredToggle(REQUEST* r, uint8_t* stored)
         return 1;
     }
     int value = 0;
-    if (IsWrite(r, REQTYPE_TEXT) && ScanDecimal(TextOf(r), &value)) {
+    if (IsWrite(r, REQTYPE_TEXT) && ScanLeadingInt(TextOf(r), &value)) {
         *stored = value != 0;
         return 1;
     }

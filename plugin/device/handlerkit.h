@@ -23,10 +23,6 @@ inline char* TextOf(REQUEST* r) { return static_cast<char*>(r->value); }
 // Formats the answer of a text read into the caller's buffer; answers 1.
 int AnswerText(REQUEST* r, const char* format, ...) TEXT_PRINTF(2, 3);
 
-// One "%d" at the start of text, as the device's own parser takes it; a
-// number that does not fit an int is refused.
-bool ScanDecimal(const char* text, int* value);
-
 // A stored 0/1 switch: reads as int (type 5) or "%d", writes from an int or
 // from "%d" (any non-zero number stores 1).
 int StoredToggle(REQUEST* r, uint8_t* stored);

@@ -1,4 +1,5 @@
-// The console's keyword handlers, wired into the keyword table.
+// The console's keyword handlers, wired into the keyword table. A family's
+// handler takes the member number (keywordfamilies.h makes the members).
 #pragma once
 
 #include "keywordtable.h"
@@ -30,13 +31,13 @@ int BaudrateHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 int SlotHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 int WatchdogClearHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 int WatchdogCounterHandler(REQUEST* r, CONSOLEPROPERTIES* c);
-KEYWORDHANDLER FaultsMemberHandler(int n);      // Faults1 .. Faults10
-KEYWORDHANDLER StateFlagsMemberHandler(int n);  // StateFlags1 .. StateFlags8
+int FaultsHandler(REQUEST* r, CONSOLEPROPERTIES* c, int n);      // Faults1 .. Faults10
+int StateFlagsHandler(REQUEST* r, CONSOLEPROPERTIES* c, int n);  // StateFlags1 .. StateFlags8
 
 // Key slots (records of the key model).
-KEYWORDHANDLER KeyMemberHandler(int key);          // key000 .. key127
-KEYWORDHANDLER NumericKeyMemberHandler(int key);   // NumericKey0 .. NumericKey11
-KEYWORDHANDLER OptionStateMemberHandler(int key);  // key0120OptionState .. key0122OptionState
+int KeyHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key);          // key000 .. key127
+int NumericKeyHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key);   // NumericKey0 .. NumericKey11
+int OptionStateHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key);  // key0120OptionState .. key0122OptionState
 int PagingListHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 
 // Extensions.
@@ -51,20 +52,24 @@ int EmergencyKeysHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 int LedsHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 int ConfigurationHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 int InputChannelListHandler(REQUEST* r, CONSOLEPROPERTIES* c);
-KEYWORDHANDLER KeyLabelMemberHandler(int key);  // keylabel000 .. keylabel127
+int KeyLabelHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key);  // keylabel000 .. keylabel127
 
-// Settings the device mirrors.
-int PreChimeHandler(REQUEST* r, CONSOLEPROPERTIES* c);
-int ReportFaultsHandler(REQUEST* r, CONSOLEPROPERTIES* c);
-int CompressorHandler(REQUEST* r, CONSOLEPROPERTIES* c);
-int ShowDateHandler(REQUEST* r, CONSOLEPROPERTIES* c);
-int BuzzerHandler(REQUEST* r, CONSOLEPROPERTIES* c);
-int CanTerminationHandler(REQUEST* r, CONSOLEPROPERTIES* c);
+// Settings the device mirrors: a family of their own, and the fault masks.
+enum MIRROREDSETTING {
+    MIRRORED_PRECHIME,                // preChimeActive
+    MIRRORED_REPORTFAULTS,            // reportFaults
+    MIRRORED_COMPRESSOR,              // Compressor
+    MIRRORED_SHOWDATE,                // ShowDate
+    MIRRORED_BUZZER,                  // Buzzer
+    MIRRORED_CANTERMINATION,          // CANTermination
+    MIRRORED_BGMMENU,                 // BgmMenuActive
+    MIRRORED_SHOWLINEMONITORING,      // ShowLineMonitoring
+    MIRRORED_SHOWPOWERMANAGEMENT,     // ShowPowerManagementStates
+    MIRRORED_COUNT,
+};
+int MirroredSettingHandler(REQUEST* r, CONSOLEPROPERTIES* c, int setting);
+int FaultMaskHandler(REQUEST* r, CONSOLEPROPERTIES* c, int mask);  // 1 .. 10, 7 = FaultMaskTest
 int FindHandler(REQUEST* r, CONSOLEPROPERTIES* c);
-int BgmMenuHandler(REQUEST* r, CONSOLEPROPERTIES* c);
-int ShowLineMonitoringHandler(REQUEST* r, CONSOLEPROPERTIES* c);
-int ShowPowerManagementHandler(REQUEST* r, CONSOLEPROPERTIES* c);
-KEYWORDHANDLER FaultMaskMemberHandler(int mask);  // 1 .. 10, 7 = FaultMaskTest
 int FireEmergencyMonitoringHandler(REQUEST* r, CONSOLEPROPERTIES* c);
 
 enum MONITORSEARCHRULE {

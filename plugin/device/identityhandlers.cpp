@@ -57,11 +57,11 @@ int AddressHandler(REQUEST* r, CONSOLEPROPERTIES* c)
 {
     int address = 0;
     if (IsRead(r, REQTYPE_TEXT)) {
-        if (ScanDecimal(TextOf(r), &address) && address == c->m_settings.address)
+        if (ScanLeadingInt(TextOf(r), &address) && address == c->m_settings.address)
             return 0;
         return AnswerText(r, "%d", c->m_settings.address);
     }
-    if (!IsWrite(r, REQTYPE_TEXT) || c->IsOnline() || !ScanDecimal(TextOf(r), &address))
+    if (!IsWrite(r, REQTYPE_TEXT) || c->IsOnline() || !ScanLeadingInt(TextOf(r), &address))
         return 0;
     if (address == c->m_settings.address)
         return AnswerText(r, "%d", address);
@@ -83,7 +83,7 @@ int PriorityHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     if (IsRead(r, REQTYPE_TEXT))
         return AnswerText(r, "%d", c->m_settings.priority);
     int priority = 0;
-    if (!IsWrite(r, REQTYPE_TEXT) || c->IsOnline() || !ScanDecimal(TextOf(r), &priority) || priority < 0 ||
+    if (!IsWrite(r, REQTYPE_TEXT) || c->IsOnline() || !ScanLeadingInt(TextOf(r), &priority) || priority < 0 ||
         priority > INT16_MAX)
         return 0;
     c->m_settings.priority = (int16_t)priority;

@@ -3,7 +3,6 @@
 // and written from one; a talk key must use an audio input the console has,
 // and an alarm key is announced to the host's alarm matrix.
 #include "consoleproperties.h"
-#include "family.h"
 #include "handlerkit.h"
 #include "handlers.h"
 #include "partner.h"
@@ -59,34 +58,6 @@ int SlotHandler(REQUEST* r, CONSOLEPROPERTIES* c, KEYSLOT* slot)
     return 1;
 }
 
-int KeyHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key)
-{
-    const int answer = SlotHandler(r, c, &c->m_keys[key]);
-    if (answer && r->operation == REQ_WRITE && IsAlarmKey(c->m_keys[key]))
-        AnnounceAlarm(c, key);
-    if (answer && r->operation == REQ_WRITE)
-        c->NotifyConsoleView(CVM_KEYCHANGED, 0, key);
-    return answer;
-}
-
-int NumericKeyHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key)
-{
-    return SlotHandler(r, c, &c->m_numericKeys[key]);
-}
-
-int OptionStateHandler(REQUEST* r, CONSOLEPROPERTIES* c, int special)
-{
-    uint8_t& state = c->m_optionStates[special];
-    if (IsRead(r, REQTYPE_TEXT))
-        return AnswerText(r, "%d", state);
-    int value = 0;
-    if (!IsWrite(r, REQTYPE_TEXT) || !ScanDecimal(TextOf(r), &value) || value < 0 || value > 2)
-        return 0;
-    state = (uint8_t)value;
-    c->NotifyConsoleView(CVM_KEYCHANGED, 0, KEY_SPECIAL_FIRST + special);
-    return 1;
-}
-
 // The message category a key's function pages into, or -1.
 int PagingCategory(int32_t functionId)
 {
@@ -99,10 +70,6 @@ int PagingCategory(int32_t functionId)
     default: return -1;
     }
 }
-
-constexpr auto kKeys = MakeFamily<KeyHandler, CONSOLE_KEY_COUNT>();
-constexpr auto kNumericKeys = MakeFamily<NumericKeyHandler, CONSOLE_NUMERICKEY_COUNT>();
-constexpr auto kOptionStates = MakeFamily<OptionStateHandler, 3>();
 
 }  // namespace
 
@@ -131,17 +98,31 @@ int PagingListHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     return 1;
 }
 
-KEYWORDHANDLER KeyMemberHandler(int key)
+int KeyHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key)
 {
-    return kKeys[(size_t)key];
+    const int answer = SlotHandler(r, c, &c->m_keys[key]);
+    if (answer && r->operation == REQ_WRITE && IsAlarmKey(c->m_keys[key]))
+        AnnounceAlarm(c, key);
+    if (answer && r->operation == REQ_WRITE)
+        c->NotifyConsoleView(CVM_KEYCHANGED, 0, key);
+    return answer;
 }
 
-KEYWORDHANDLER NumericKeyMemberHandler(int key)
+int NumericKeyHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key)
 {
-    return kNumericKeys[(size_t)key];
+    return SlotHandler(r, c, &c->m_numericKeys[key]);
 }
 
-KEYWORDHANDLER OptionStateMemberHandler(int key)
+// The special keys 120 to 122: 0 absent, 1 ordinary key, 2 lock switch.
+int OptionStateHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key)
 {
-    return kOptionStates[(size_t)(key - 120)];
+    uint8_t& state = c->m_optionStates[key - KEY_SPECIAL_FIRST];
+    if (IsRead(r, REQTYPE_TEXT))
+        return AnswerText(r, "%d", state);
+    int value = 0;
+    if (!IsWrite(r, REQTYPE_TEXT) || !ScanLeadingInt(TextOf(r), &value) || value < 0 || value > 2)
+        return 0;
+    state = (uint8_t)value;
+    c->NotifyConsoleView(CVM_KEYCHANGED, 0, key);
+    return 1;
 }

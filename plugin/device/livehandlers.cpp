@@ -2,7 +2,6 @@
 // state, faults, state flags, bus and slot, watchdog, firmware-update progress.
 // Each is read through the partner; without one most answer nothing.
 #include "consoleproperties.h"
-#include "family.h"
 #include "handlerkit.h"
 #include "handlers.h"
 #include "partner.h"
@@ -61,23 +60,6 @@ bool ReadRevisionBytes(CONSOLEPROPERTIES* c, int first, int count, uint8_t* byte
     return true;
 }
 
-int FaultsHandler(REQUEST* r, CONSOLEPROPERTIES* c, int n)
-{
-    char word[16];
-    FormatText(word, sizeof word, "Faults%d", n);
-    return n >= 1 ? LiveByte(r, c, word) : 0;
-}
-
-int StateFlagsHandler(REQUEST* r, CONSOLEPROPERTIES* c, int n)
-{
-    char word[32];
-    FormatText(word, sizeof word, "DeviceErrorsFlags%d", n);
-    return n >= 1 ? LiveByte(r, c, word) : 0;
-}
-
-constexpr auto kFaults = MakeFamily<FaultsHandler, 11>();
-constexpr auto kStateFlags = MakeFamily<StateFlagsHandler, 9>();
-
 // The controller's name and the port, from "CONTROLLER.PORT".
 bool ConnectionParts(CONSOLEPROPERTIES* c, char* controller, size_t controllerSize, char* port, size_t portSize)
 {
@@ -94,14 +76,18 @@ bool ConnectionParts(CONSOLEPROPERTIES* c, char* controller, size_t controllerSi
 
 }  // namespace
 
-KEYWORDHANDLER FaultsMemberHandler(int n)
+int FaultsHandler(REQUEST* r, CONSOLEPROPERTIES* c, int n)
 {
-    return kFaults[(size_t)n];
+    char word[16];
+    FormatText(word, sizeof word, "Faults%d", n);
+    return n >= 1 ? LiveByte(r, c, word) : 0;
 }
 
-KEYWORDHANDLER StateFlagsMemberHandler(int n)
+int StateFlagsHandler(REQUEST* r, CONSOLEPROPERTIES* c, int n)
 {
-    return kStateFlags[(size_t)n];
+    char word[32];
+    FormatText(word, sizeof word, "DeviceErrorsFlags%d", n);
+    return n >= 1 ? LiveByte(r, c, word) : 0;
 }
 
 // Boot firmware: byte 1 says whether it is there, bytes 4, 3, 2 are its version.
@@ -224,7 +210,7 @@ int WatchdogClearHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     int value = 0;
     if (IsWrite(r, REQTYPE_INT))
         value = *static_cast<const int*>(r->value);
-    else if (!IsWrite(r, REQTYPE_TEXT) || !ScanDecimal(TextOf(r), &value))
+    else if (!IsWrite(r, REQTYPE_TEXT) || !ScanLeadingInt(TextOf(r), &value))
         return 0;
     return (int)WriteConsoleVariable(c, "WatchdogClear", &value, REQTYPE_INT);
 }

@@ -1,7 +1,6 @@
 // Handlers of the settings the device holds as well, and the fire-emergency
 // monitoring switch.
 #include "consoleproperties.h"
-#include "family.h"
 #include "handlerkit.h"
 #include "handlers.h"
 #include "partner.h"
@@ -17,19 +16,23 @@ const char kMonitoringWarning[] =
     "the associated controller to avoid any Program Channel related\n"
     "configuration errors.";
 
-int FaultMaskHandler(REQUEST* r, CONSOLEPROPERTIES* c, int mask)
-{
-    if (mask < 1 || mask > FAULTMASK_COUNT)
-        return 0;
-    char variable[32];
-    if (mask == FAULTMASK_TEST)
-        CopyText(variable, "FaultMaskTest");
-    else
-        FormatText(variable, sizeof variable, "FaultMask%d", mask);
-    return MirroredSetting(r, c, &c->m_settings.faultMask[mask], variable);
-}
-
-constexpr auto kFaultMasks = MakeFamily<FaultMaskHandler, FAULTMASK_COUNT + 1>();
+// The device's variable of each mirrored setting, in the order of MIRROREDSETTING.
+struct MIRROREDVARIABLE {
+    const char* variable;
+    uint8_t CONSOLESETTINGS::*field;
+};
+const MIRROREDVARIABLE kMirroredVariables[] = {
+    {"PreChimeAllowed", &CONSOLESETTINGS::preChimeActive},
+    {"ReportFaults", &CONSOLESETTINGS::reportFaults},
+    {"Compressor", &CONSOLESETTINGS::compressor},
+    {"ShowDate", &CONSOLESETTINGS::showDate},
+    {"Buzzer", &CONSOLESETTINGS::buzzer},
+    {"CANTermination", &CONSOLESETTINGS::canTermination},
+    {"BGM_Menu", &CONSOLESETTINGS::bgmMenuActive},
+    {"ShowLineMonitoring", &CONSOLESETTINGS::showLineMonitoring},
+    {"ShowPowerManagementStates", &CONSOLESETTINGS::showPowerManagementStates},
+};
+static_assert(sizeof kMirroredVariables / sizeof kMirroredVariables[0] == MIRRORED_COUNT, "one variable per setting");
 
 // Monitoring takes a program channel of the controller: warn unless another
 // console monitors already or the controller has its local source set up.
@@ -79,59 +82,30 @@ bool AnotherConsoleMonitors(const CONSOLEPROPERTIES* self, MONITORSEARCHRULE rul
     return search.found;
 }
 
-KEYWORDHANDLER FaultMaskMemberHandler(int mask)
+int FaultMaskHandler(REQUEST* r, CONSOLEPROPERTIES* c, int mask)
 {
-    return kFaultMasks[(size_t)mask];
+    if (mask < 1 || mask > FAULTMASK_COUNT)
+        return 0;
+    char variable[32];
+    if (mask == FAULTMASK_TEST)
+        CopyText(variable, "FaultMaskTest");
+    else
+        FormatText(variable, sizeof variable, "FaultMask%d", mask);
+    return MirroredSetting(r, c, &c->m_settings.faultMask[mask], variable);
 }
 
-int PreChimeHandler(REQUEST* r, CONSOLEPROPERTIES* c)
+int MirroredSettingHandler(REQUEST* r, CONSOLEPROPERTIES* c, int setting)
 {
-    return MirroredSetting(r, c, &c->m_settings.preChimeActive, "PreChimeAllowed");
+    if (setting < 0 || setting >= MIRRORED_COUNT)
+        return 0;
+    const MIRROREDVARIABLE& mirrored = kMirroredVariables[setting];
+    return MirroredSetting(r, c, &(c->m_settings.*mirrored.field), mirrored.variable);
 }
 
-int ReportFaultsHandler(REQUEST* r, CONSOLEPROPERTIES* c)
-{
-    return MirroredSetting(r, c, &c->m_settings.reportFaults, "ReportFaults");
-}
-
-int CompressorHandler(REQUEST* r, CONSOLEPROPERTIES* c)
-{
-    return MirroredSetting(r, c, &c->m_settings.compressor, "Compressor");
-}
-
-int ShowDateHandler(REQUEST* r, CONSOLEPROPERTIES* c)
-{
-    return MirroredSetting(r, c, &c->m_settings.showDate, "ShowDate");
-}
-
-int BuzzerHandler(REQUEST* r, CONSOLEPROPERTIES* c)
-{
-    return MirroredSetting(r, c, &c->m_settings.buzzer, "Buzzer");
-}
-
-int CanTerminationHandler(REQUEST* r, CONSOLEPROPERTIES* c)
-{
-    return MirroredSetting(r, c, &c->m_settings.canTermination, "CANTermination");
-}
-
+// Device identification: live, but read and written as the mirrored settings are.
 int FindHandler(REQUEST* r, CONSOLEPROPERTIES* c)
 {
     return MirroredSetting(r, c, &c->m_settings.find, "Find");
-}
-
-int BgmMenuHandler(REQUEST* r, CONSOLEPROPERTIES* c)
-{
-    return MirroredSetting(r, c, &c->m_settings.bgmMenuActive, "BGM_Menu");
-}
-
-int ShowLineMonitoringHandler(REQUEST* r, CONSOLEPROPERTIES* c)
-{
-    return MirroredSetting(r, c, &c->m_settings.showLineMonitoring, "ShowLineMonitoring");
-}
-
-int ShowPowerManagementHandler(REQUEST* r, CONSOLEPROPERTIES* c)
-{
-    return MirroredSetting(r, c, &c->m_settings.showPowerManagementStates, "ShowPowerManagementStates");
 }
 
 void WriteMonitoring(CONSOLEPROPERTIES* c, uint8_t on)

@@ -1,7 +1,6 @@
 // Handlers of settings the design file keeps and the device does not mirror:
 // extensions, switches, texts and key labels.
 #include "consoleproperties.h"
-#include "family.h"
 #include "handlerkit.h"
 #include "handlers.h"
 #include "../console/consoleview.h"
@@ -17,16 +16,6 @@ void SetExtensionCount(CONSOLEPROPERTIES* c, int count)
     for (int slot = 0; slot < CONSOLE_EXTENSION_SLOTS; slot++)
         c->m_settings.extensionSlots[slot] = slot < count ? 1 : 0;
 }
-
-int KeyLabelHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key)
-{
-    const int answer = StoredText(r, c->m_settings.keyLabels[key], KEYLABEL_SIZE);
-    if (answer && r->operation == REQ_WRITE)
-        c->NotifyConsoleView(CVM_KEYCHANGED, 0, key);
-    return answer;
-}
-
-constexpr auto kKeyLabels = MakeFamily<KeyLabelHandler, CONSOLE_KEY_COUNT>();
 
 }  // namespace
 
@@ -44,7 +33,7 @@ int ExtensionTypesHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     const char* p = TextOf(r);
     for (int slot = 0; slot < CONSOLE_EXTENSION_SLOTS; slot++) {
         int value = 0;
-        if (!ScanDecimal(p, &value))
+        if (!ScanLeadingInt(p, &value))
             break;
         if (value != 0)
             used++;
@@ -67,7 +56,7 @@ int ExtensionCountHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     if (IsRead(r, REQTYPE_TEXT))
         return AnswerText(r, "%d", c->m_settings.extensionCount);
     int count = 0;
-    if (!IsWrite(r, REQTYPE_TEXT) || !ScanDecimal(TextOf(r), &count) || count < 0 ||
+    if (!IsWrite(r, REQTYPE_TEXT) || !ScanLeadingInt(TextOf(r), &count) || count < 0 ||
         count > CONSOLE_EXTENSION_SLOTS)
         return 0;
     SetExtensionCount(c, count);
@@ -121,7 +110,10 @@ int InputChannelListHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     return StoredText(r, c->m_settings.inputChannels, sizeof c->m_settings.inputChannels);
 }
 
-KEYWORDHANDLER KeyLabelMemberHandler(int key)
+int KeyLabelHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key)
 {
-    return kKeyLabels[(size_t)key];
+    const int answer = StoredText(r, c->m_settings.keyLabels[key], KEYLABEL_SIZE);
+    if (answer && r->operation == REQ_WRITE)
+        c->NotifyConsoleView(CVM_KEYCHANGED, 0, key);
+    return answer;
 }

@@ -17,8 +17,6 @@ namespace {
 const UINT kShadowedStyle = CS_VREDRAW | CS_HREDRAW | CS_SAVEBITS | CS_GLOBALCLASS | CS_DROPSHADOW;  // 0x24803
 const UINT kViewStyle = CS_VREDRAW | CS_HREDRAW | CS_SAVEBITS | CS_GLOBALCLASS;                      // 0x4803
 
-HINSTANCE g_familyInstances[FAMILY_COUNT];
-
 WNDCLASSEXA ClassTemplate(HINSTANCE instance, const char* name, WNDPROC procedure, UINT style, HBRUSH background)
 {
     WNDCLASSEXA wc = {};
@@ -42,31 +40,29 @@ bool RegisterWithStyle(unsigned style, void* context, unsigned long* error)
     return false;
 }
 
-int RegisterShadowed(HINSTANCE instance, WINDOWFAMILY family, const char* name, WNDPROC procedure,
-                     const char* failureFormat)
+int RegisterShadowed(HINSTANCE instance, const char* name, WNDPROC procedure, const char* failureFormat)
 {
-    g_familyInstances[family] = instance;
     WNDCLASSEXA wc = ClassTemplate(instance, name, procedure, kShadowedStyle, (HBRUSH)GetStockObject(NULL_BRUSH));
     return RegisterWithShadowFallback(kShadowedStyle, failureFormat, RegisterWithStyle, &wc);
 }
 
 int RegisterZELConfigurationDialog(HINSTANCE instance)
 {
-    return RegisterShadowed(instance, FAMILY_CONFIGURATIONDIALOG, "DOVRIXZELCONFIGURATIONDIALOG", ConfigurationDialogWndProc,
+    return RegisterShadowed(instance, "DOVRIXZELCONFIGURATIONDIALOG", ConfigurationDialogWndProc,
                             "RegisterZELConfigurationDialog failed %d\n");
 }
 
 // The family-B extension keypad's counterpart of the configuration dialog.
 int RegisterElkCskConfigurationDialog(HINSTANCE instance)
 {
-    return RegisterShadowed(instance, FAMILY_KEYPADDIALOG, "DOVRIXELKCSKCONFIGURATIONDIALOG", ConfigurationDialogWndProc,
+    return RegisterShadowed(instance, "DOVRIXELKCSKCONFIGURATIONDIALOG", ConfigurationDialogWndProc,
                             "Register ELK-CSK - ConfigurationDialog failed %d\n");
 }
 
 int RegisterConsoleView(HINSTANCE instance)
 {
     LoadConsoleViewImages(instance);
-    return RegisterShadowed(instance, FAMILY_CONSOLEVIEW, "DOVRIXCONSOLEVIEW", ConsoleViewWndProc,
+    return RegisterShadowed(instance, "DOVRIXCONSOLEVIEW", ConsoleViewWndProc,
                             "RegisterConsoleView failed %d\n");
 }
 
@@ -89,7 +85,6 @@ int RegisterKVTView(HINSTANCE instance)
         Trace("RegisterKVTView failed\n");
         return 1;
     }
-    g_familyInstances[FAMILY_MANAGERVIEW] = instance;
     return 1;
 }
 
@@ -101,27 +96,20 @@ int RegisterKeyFunctionView(HINSTANCE instance)
         Trace("RegisterKEYFUNCTIONView failed\n");
         return 0;
     }
-    g_familyInstances[FAMILY_KEYFUNCTIONVIEW] = instance;
     WNDCLASSEXA workspace = ClassTemplate(instance, "KEYFUNCTIONVIEWWORKSPACE", PendingWindowProc,
                                           kViewStyle | CS_DBLCLKS, hostBrush);
-    if (RegisterClassExA(&workspace))
-        g_familyInstances[FAMILY_WORKSPACE] = instance;
+    RegisterClassExA(&workspace);
     return 1;
 }
 
 int RegisterControlPanel(HINSTANCE instance)
 {
     // The control panel shares the console view's failure text.
-    return RegisterShadowed(instance, FAMILY_CONTROLPANEL, "DOVRIXCONTROLPANEL", PendingWindowProc,
+    return RegisterShadowed(instance, "DOVRIXCONTROLPANEL", PendingWindowProc,
                             "RegisterConsoleView failed %d\n");
 }
 
 }  // namespace
-
-HINSTANCE FamilyInstance(WINDOWFAMILY family)
-{
-    return family < FAMILY_COUNT ? g_familyInstances[family] : NULL;
-}
 
 ATOM RegisterCanvasClass(HINSTANCE instance)
 {

@@ -4,6 +4,9 @@
 
 #include "testhost.h"
 
+#include <commctrl.h>
+
+#include "../../plugin/config/controldescriptor.h"
 #include "../../plugin/controls/flatcontrols.h"
 #include "../../plugin/controls/frames.h"
 #include "../../plugin/controls/passwordprompt.h"
@@ -102,6 +105,107 @@ TEST(PasswordPrompt, EmptyStaysOpenAndSixteenCharactersAreTaken)
     SendMessageA(dialog, WM_COMMAND, IDOK, 0);
     EXPECT_STREQ(request.password, "0123456789abcdef");
     DestroyWindow(dialog);
+}
+
+namespace {
+
+// What a painter leaves in a bitmap of the window's client size.
+template <typename PAINT>
+std::vector<DWORD> Painted(HWND window, PAINT paint, int* width)
+{
+    RECT client;
+    GetClientRect(window, &client);
+    BITMAPINFO info = {};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = client.right;
+    info.bmiHeader.biHeight = -client.bottom;  // rows from the top
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    info.bmiHeader.biCompression = BI_RGB;
+    void* bits = nullptr;
+    HDC screen = GetDC(NULL);
+    HDC memory = CreateCompatibleDC(screen);
+    HBITMAP bitmap = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, NULL, 0);
+    HGDIOBJ old = SelectObject(memory, bitmap);
+    paint(memory);
+    GdiFlush();
+    std::vector<DWORD> pixels(static_cast<const DWORD*>(bits),
+                              static_cast<const DWORD*>(bits) + client.right * client.bottom);
+    SelectObject(memory, old);
+    DeleteObject(bitmap);
+    DeleteDC(memory);
+    ReleaseDC(NULL, screen);
+    for (DWORD& pixel : pixels)
+        pixel &= 0x00FFFFFF;
+    *width = client.right;
+    return pixels;
+}
+
+DWORD AsPixel(COLORREF colour)
+{
+    return (DWORD)(GetRValue(colour) << 16 | GetGValue(colour) << 8 | GetBValue(colour));
+}
+
+// The window as it stands on the screen, after it painted itself.
+std::vector<DWORD> ScreenPixels(HWND window)
+{
+    RedrawWindow(window, NULL, NULL, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_UPDATENOW);
+    int width = 0;
+    HDC source = GetWindowDC(window);
+    std::vector<DWORD> pixels = Painted(window, [&](HDC hdc) {
+        RECT client;
+        GetClientRect(window, &client);
+        BitBlt(hdc, 0, 0, client.right, client.bottom, source, 0, 0, SRCCOPY);
+    }, &width);
+    ReleaseDC(window, source);
+    return pixels;
+}
+
+}  // namespace
+
+TEST(FlatControls, ComboPaintsAYellowFieldTheSelectionAndAnArrow)
+{
+    Plugin();
+    HWND parent = CreateParent();
+    HWND combo = CreateWindowExA(0, "COMBOBOX", "", WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST, 10, 10, 160, 120, parent,
+                                 NULL, NULL, NULL);
+    ASSERT_NE(combo, nullptr);
+    for (const char* item : {"ALARMS", "CHIMES"})
+        SendMessageA(combo, CB_ADDSTRING, 0, (LPARAM)item);
+    SetFocus(NULL);
+    int width = 0;
+    const std::vector<DWORD> empty = Painted(combo, [&](HDC hdc) { PaintFlatCombo(combo, hdc); }, &width);
+    ASSERT_FALSE(empty.empty());
+    const DWORD field = AsPixel(RGB(0xFF, 0xFF, 0xCE));
+    EXPECT_EQ(empty[width + 1], field);
+    EXPECT_EQ(empty[(empty.size() / width / 2) * width + width / 2], field);  // no selection: no text
+    EXPECT_NE(empty[(empty.size() / width / 2) * width + width - 3], field);  // the arrow button
+
+    SendMessageA(combo, CB_SETCURSEL, 0, 0);
+    const std::vector<DWORD> chosen = Painted(combo, [&](HDC hdc) { PaintFlatCombo(combo, hdc); }, &width);
+    EXPECT_NE(chosen, empty);
+    EXPECT_EQ(chosen[width + 1], field);
+    DestroyWindow(parent);
+}
+
+TEST(FlatControls, SubclassedSpinPaintsItselfAndStillCounts)
+{
+    Plugin();
+    HWND parent = CreateParent();
+    ShowWindow(parent, SW_SHOWNOACTIVATE);
+    HWND plain = CreateWindowExA(0, UPDOWN_CLASSA, "", WS_CHILD | WS_VISIBLE, 10, 10, 17, 24, parent, NULL, NULL, NULL);
+    HWND flat = CreateWindowExA(0, UPDOWN_CLASSA, "", WS_CHILD | WS_VISIBLE, 40, 10, 17, 24, parent, NULL, NULL, NULL);
+    ASSERT_NE(plain, nullptr);
+    ASSERT_NE(flat, nullptr);
+    EXPECT_TRUE(SubclassSpin(flat));
+    EXPECT_NE(ScreenPixels(flat), ScreenPixels(plain));
+
+    SendMessageA(flat, UDM_SETRANGE32, 0, 9);
+    SendMessageA(flat, UDM_SETPOS32, 0, 4);
+    EXPECT_EQ(SendMessageA(flat, UDM_GETPOS32, 0, 0), 4);
+    DestroyWindow(flat);  // takes its subclass with it
+    EXPECT_FALSE(IsWindow(flat));
+    DestroyWindow(parent);
 }
 
 TEST(FlatControls, StateRules)
@@ -219,6 +323,28 @@ TEST_F(Widgets, EditFieldWritesBackAndLabelsHideByColour)
     EXPECT_NE(shown, hidden);
     EXPECT_TRUE(std::all_of(hidden.begin(), hidden.end(), [&](DWORD p) { return p == hidden[0]; }));
     EXPECT_EQ(Text(label), "SLOT");
+}
+
+TEST_F(Widgets, BindingAPageConnectsEveryWidgetButTheHostsOwn)
+{
+    HWND name = Widget("0 BSTATIC \"name\" 0x54000000 10,10,90x16", {"datatype=s", "function=name"});
+    HWND firmware = Widget("0 BSTATIC \"firmware\" 0x54000000 10,30,90x16",
+                           {"datatype=s", "function=Firmware.Revision"});
+    HWND frame = Widget("0 BSTATIC \"frame\" 0x54000000 10,50,90x16", {"datatype=s", "function=name"});
+    ASSERT_NE(name, nullptr);
+    ASSERT_NE(firmware, nullptr);
+    ASSERT_NE(frame, nullptr);
+    reinterpret_cast<HOSTINFO*>(GetWindowLongPtrA(frame, GWLP_USERDATA))->m_wKind = 1;  // kind 1 stays unbound
+    EXPECT_EQ(Text(name), "");
+
+    BindPage(&owner, "ORNCST_1");
+    EXPECT_EQ(Text(name), "Untitled");
+    EXPECT_EQ(Text(firmware), "V3.4.2");
+    EXPECT_EQ(Text(frame), "");  // shows the same keyword, but was left alone
+
+    HOSTINFO empty;
+    BindPage(&empty, "ORNCST_1");  // a page without widgets
+    BindPage(nullptr, "ORNCST_1");
 }
 
 TEST_F(Widgets, BadLinesAndAttributesAreRefused)

@@ -78,9 +78,9 @@ LRESULT Throwing_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
             throw std::runtime_error("creation failed");
         AttachWindowState(hwnd, new THROWINGSTATE)->created = 1;
         return 0;
-    case WM_USER:
+    case WM_SETTEXT:
         throw std::runtime_error("message failed");
-    case WM_USER + 1:
+    case WM_GETTEXTLENGTH:  // the state's mark
         return WindowState<THROWINGSTATE>(hwnd)->created;
     case WM_DESTROY:
         FreeWindowState<THROWINGSTATE>(hwnd);
@@ -106,10 +106,11 @@ TEST(WindowSkeleton, AFailureIsTracedAndAnsweredNotThrown)
 
     HWND hwnd = CreateWindowExA(0, kThrowingClass, "", WS_POPUP, 0, 0, 10, 10, NULL, NULL, wc.hInstance, NULL);
     ASSERT_NE(hwnd, nullptr);
-    EXPECT_EQ(SendMessageA(hwnd, WM_USER + 1, 0, 0), 1);  // the state is in the window
-    EXPECT_EQ(SendMessageA(hwnd, WM_USER, 0, 0), 0);      // the default answer, and the window lives on
+    EXPECT_EQ(SendMessageA(hwnd, WM_GETTEXTLENGTH, 0, 0), 1);  // the state is in the window
+    // The default answer (the text is set), and the window lives on.
+    EXPECT_EQ(SendMessageA(hwnd, WM_SETTEXT, 0, (LPARAM) "text"), TRUE);
     EXPECT_TRUE(IsWindow(hwnd));
-    EXPECT_EQ(SendMessageA(hwnd, WM_USER + 1, 0, 0), 1);
+    EXPECT_EQ(SendMessageA(hwnd, WM_GETTEXTLENGTH, 0, 0), 1);
     DestroyWindow(hwnd);
     EXPECT_EQ(WindowState<THROWINGSTATE>(hwnd), nullptr);
 }
