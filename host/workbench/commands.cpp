@@ -359,6 +359,7 @@ bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command)
     bool ok = true;
     switch (command.verb) {
     case SCRIPT_NOTHING:
+    case SCRIPT_VERB_COUNT:
         break;
     case SCRIPT_SET:
         ok = SetProperty(bench, command);

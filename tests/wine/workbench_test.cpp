@@ -149,7 +149,7 @@ TEST(Workbench, ConsolesGoOnlineAndReportTheirFaults)
     EXPECT_NE(run.out.find("messagebox: DOVRIXC: Address already occupied by other ZEL!\n"), std::string::npos)
         << run.out;
     EXPECT_NE(run.err.find("no simulated online of NOBODY_1"), std::string::npos) << run.err;
-    EXPECT_NE(run.err.find("(13): fault needs OBJECT N on|off"), std::string::npos) << run.err;
+    EXPECT_NE(run.err.find("(13): fault needs OBJ N on|off with N from 1 to 10"), std::string::npos) << run.err;
 }
 
 TEST(Workbench, PicturesTooltipsMenusAndDeletion)
