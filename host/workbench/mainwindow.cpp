@@ -145,17 +145,17 @@ void Frame_Device(HWND hwnd, WORKBENCH* bench, int id)
     }
     bool ok = true;
     if (id == IDM_DEVICE_ON || id == IDM_DEVICE_OFF) {
-        ok = a_SimulateDevice(console->m_szName, "online", id == IDM_DEVICE_ON) != FALSE;
+        ok = SimulateDevice(console->m_szName, "online", id == IDM_DEVICE_ON);
     } else if (id == IDM_DEVICE_CLEARFAULTS) {
         for (int word = 1; word <= 10 && ok; word++)
-            ok = a_SimulateDevice(console->m_szName, ("Faults" + std::to_string(word)).c_str(), 0) != FALSE;
+            ok = SimulateDevice(console->m_szName, "Faults" + std::to_string(word), 0);
     } else if (id == IDM_DEVICE_CONFIGURATION) {
         SendMessageA(console->m_hWnd, WM_HOST_CONTEXTCOMMAND, 0, 1);
     } else if (id == IDM_DEVICE_CONSOLEVIEW) {
         OpenConsoleView(bench, console->m_szName);
     } else {
         const int word = id - IDM_DEVICE_FAULT;
-        ok = a_SimulateDevice(console->m_szName, ("Faults" + std::to_string(word)).c_str(), 1) != FALSE;
+        ok = SimulateDevice(console->m_szName, "Faults" + std::to_string(word), 1);
     }
     if (!ok)
         EDITTRACE(bench->design, "%s has no simulated device: connect it to a controller first", console->m_szName);

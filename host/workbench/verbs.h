@@ -1,6 +1,6 @@
-// The workbench's verbs, a row each: the one list that the parser reads and
-// the README's table is checked against.
-// Platform-free.
+// The workbench's verbs, a row each: the one list that the parser and the
+// dispatcher read and the README's table is checked against.
+// Platform-free: the handlers are bound to the verbs on the Windows side.
 #pragma once
 
 #include <stddef.h>
