@@ -1,12 +1,13 @@
 // The verbs that show what the design holds: an object's values, property
 // list, context menu and tooltip, a widget's text, the output window, the
-// alarm matrix and the plug-in's answers.
+// alarm matrix, the plug-in's answers, and the verbs themselves.
 #include "workbench.h"
 
 #include <stdio.h>
 
 #include <commctrl.h>
 
+#include "verbs.h"
 #include "../../base/text.h"
 #include "../../base/banned.h"
 
@@ -170,6 +171,12 @@ bool ReadWidget(WORKBENCH* bench, const SCRIPTCOMMAND& command)
     return true;
 }
 
+bool PrintHelp(WORKBENCH*, const SCRIPTCOMMAND&)
+{
+    printf("%s", ScriptHelp().c_str());
+    return true;
+}
+
 const VERBHANDLERROW kHandlers[] = {
     {SCRIPT_GET, GetProperty},
     {SCRIPT_CALLBACK, CallPlugin},
@@ -179,6 +186,7 @@ const VERBHANDLERROW kHandlers[] = {
     {SCRIPT_MENU, PrintContextMenu},
     {SCRIPT_TOOLTIP, ShowTooltip},
     {SCRIPT_READ, ReadWidget},
+    {SCRIPT_HELP, PrintHelp},
 };
 
 }  // namespace

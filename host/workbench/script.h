@@ -1,6 +1,6 @@
 // The workbench's command language, one command a line. Platform-free.
 // Each verb, its arguments and what it does are a row of the table in
-// verbs.cpp. "# ..." is a comment; blank lines are skipped.
+// verbs.cpp, which "help" prints. "# ..." is a comment; blank lines are skipped.
 #pragma once
 
 #include <string>
@@ -41,6 +41,7 @@ enum SCRIPTVERB {
     SCRIPT_PAGE,
     SCRIPT_LEDS,
     SCRIPT_SCROLL,
+    SCRIPT_HELP,
     SCRIPT_VERB_COUNT  // not a verb: the number of them, SCRIPT_NOTHING included
 };
 

@@ -1,5 +1,7 @@
 #include "verbs.h"
 
+#include <vector>
+
 #include "../../base/banned.h"
 
 namespace {
@@ -43,6 +45,7 @@ const SCRIPTVERBROW kVerbs[] = {
      "page button N (0 the console, k extension slot k-1), or the layout side by side or with page buttons"},
     {SCRIPT_LEDS, "leds", "OBJ KEY MODE [MODE2]", "sets the modes (0 to 3) of the key's first and second LED"},
     {SCRIPT_SCROLL, "scroll", "OBJ X", "moves the console view's scroll box to X"},
+    {SCRIPT_HELP, "help", "", "prints every command with its arguments and what it does"},
 };
 
 }  // namespace
@@ -66,4 +69,20 @@ const SCRIPTVERBROW* ScriptVerbRow(SCRIPTVERB verb)
         if (row.verb == verb)
             return &row;
     return nullptr;
+}
+
+std::string ScriptHelp()
+{
+    std::vector<std::string> usages;
+    size_t column = 0;
+    for (const SCRIPTVERBROW& row : kVerbs) {
+        usages.push_back(row.pattern[0] ? std::string(row.name) + " " + row.pattern : row.name);
+        column = usages.back().size() > column ? usages.back().size() : column;
+    }
+    std::string help;
+    for (size_t i = 0; i < usages.size(); i++) {
+        usages[i].resize(column + 2, ' ');  // the help texts in one column, two blanks right of the widest
+        help += usages[i] + kVerbs[i].help + "\n";
+    }
+    return help;
 }

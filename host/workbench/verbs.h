@@ -1,5 +1,5 @@
-// The workbench's verbs, a row each: the one list that the parser and the
-// dispatcher read and the README's table is checked against.
+// The workbench's verbs, a row each: the one list that the parser, the
+// dispatcher and "help" read and the README's table is checked against.
 // Platform-free: the handlers are bound to the verbs on the Windows side.
 #pragma once
 
@@ -27,3 +27,5 @@ SCRIPTVERBLIST ScriptVerbs();
 // The row of a verb by its name or its id; null when there is none.
 const SCRIPTVERBROW* FindScriptVerb(const std::string& name);
 const SCRIPTVERBROW* ScriptVerbRow(SCRIPTVERB verb);
+// What "help" prints: every verb with its arguments and what it does, a line each.
+std::string ScriptHelp();

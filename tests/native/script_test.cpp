@@ -135,6 +135,8 @@ TEST(Script, ArgumentsFollowTheirPattern)
     EXPECT_EQ(command.text, "remove");
     ASSERT_TRUE(ParseScriptLine("design off", &command, &error));
     EXPECT_EQ(command.value, 0);
+    ASSERT_TRUE(ParseScriptLine("help", &command, &error));
+    EXPECT_EQ(command.verb, SCRIPT_HELP);
 
     EXPECT_FALSE(ParseScriptLine("page ORNCST_1 N", &command, &error));
     EXPECT_FALSE(ParseScriptLine("fault ORNCST_1 11 on", &command, &error));
@@ -143,8 +145,8 @@ TEST(Script, ArgumentsFollowTheirPattern)
     EXPECT_EQ(error, "leds needs OBJ KEY MODE [MODE2] with MODE from 0 to 3 and MODE2 from 0 to 3");
     EXPECT_FALSE(ParseScriptLine("tick -1", &command, &error));
     EXPECT_EQ(error, "tick needs MS with MS at least 0");
-    EXPECT_FALSE(ParseScriptLine("trace now", &command, &error));
-    EXPECT_EQ(error, "trace takes no arguments");
+    EXPECT_FALSE(ParseScriptLine("help me", &command, &error));
+    EXPECT_EQ(error, "help takes no arguments");
     EXPECT_FALSE(ParseScriptLine("frobnicate", &command, &error));
     EXPECT_EQ(error, "unknown command 'frobnicate'");
 }

@@ -99,6 +99,20 @@ TEST(Verbs, TheReadmeTableListsTheSameCommands)
         EXPECT_NE(FindScriptVerb(command.first), nullptr) << "the README names an unknown command " << command.first;
 }
 
+TEST(Verbs, HelpShowsEveryVerbWithItsArguments)
+{
+    const std::string help = ScriptHelp();
+    std::istringstream lines(help);
+    std::string line;
+    for (const SCRIPTVERBROW& row : ScriptVerbs()) {
+        ASSERT_TRUE(std::getline(lines, line)) << row.name;
+        const std::string usage = row.pattern[0] ? std::string(row.name) + " " + row.pattern : row.name;
+        EXPECT_EQ(line.rfind(usage + " ", 0), 0u) << line;
+        EXPECT_NE(line.find(row.help), std::string::npos) << line;
+    }
+    EXPECT_FALSE(std::getline(lines, line));
+}
+
 TEST(Verbs, EveryVerbParsesFromItsOwnPattern)
 {
     // A sample argument for each placeholder.
