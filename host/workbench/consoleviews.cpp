@@ -271,31 +271,82 @@ HWND ConsoleViewFrame(WORKBENCH* bench, const std::string& name)
     return found != bench->consoleViews.end() && IsWindow(found->second) ? found->second : NULL;
 }
 
-bool RunConsoleViewCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+namespace {
+
+bool View(WORKBENCH* bench, const SCRIPTCOMMAND& command)
 {
-    if (command.verb == SCRIPT_VIEW)
-        return OpenConsoleView(bench, command.object) != NULL;
-    if (command.verb == SCRIPT_LEDS) {
-        HOSTINFO* console = a_FindHostinfo(command.object.c_str());
-        return console && console->m_hWnd && SetLeds(console, command);
-    }
+    return OpenConsoleView(bench, command.object) != NULL;
+}
+
+bool Leds(WORKBENCH*, const SCRIPTCOMMAND& command)
+{
+    HOSTINFO* console = a_FindHostinfo(command.object.c_str());
+    return console && console->m_hWnd && SetLeds(console, command);
+}
+
+bool Press(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
+    HWND view = FindView(bench, command.object);
+    return view && Mouse(view, command.key, WM_LBUTTONDOWN);
+}
+
+bool Release(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
+    HWND view = FindView(bench, command.object);
+    return view && Mouse(view, command.key, WM_LBUTTONUP);
+}
+
+bool ContextMenu(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
+    HWND view = FindView(bench, command.object);
+    return view && RightClick(view, command.key, command.text);
+}
+
+bool Label(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
+    HWND view = FindView(bench, command.object);
+    return view && TypeLabel(view, command.key, command.text);
+}
+
+// The toolbar's add and remove buttons send commands 20 and 3.
+bool Extension(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
     HWND view = FindView(bench, command.object);
     if (!view)
         return false;
-    switch (command.verb) {
-    case SCRIPT_PRESS: return Mouse(view, command.key, WM_LBUTTONDOWN);
-    case SCRIPT_RELEASE: return Mouse(view, command.key, WM_LBUTTONUP);
-    case SCRIPT_RCLICK: return RightClick(view, command.key, command.text);
-    case SCRIPT_LABEL: return TypeLabel(view, command.key, command.text);
-    case SCRIPT_EXTENSION:
-        SendMessageA(view, WM_COMMAND, command.text == "add" ? 20 : 3, 0);
-        PumpMessagesFor(50);
-        return true;
-    case SCRIPT_PAGE: return ChoosePage(view, command);
-    case SCRIPT_SCROLL:
-        SendMessageA(view, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, command.code), 0);
-        PumpMessagesFor(50);
-        return true;
-    default: return false;
-    }
+    SendMessageA(view, WM_COMMAND, command.text == "add" ? 20 : 3, 0);
+    PumpMessagesFor(50);
+    return true;
 }
+
+bool Page(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
+    HWND view = FindView(bench, command.object);
+    return view && ChoosePage(view, command);
+}
+
+bool Scroll(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
+    HWND view = FindView(bench, command.object);
+    if (!view)
+        return false;
+    SendMessageA(view, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, command.code), 0);
+    PumpMessagesFor(50);
+    return true;
+}
+
+const VERBHANDLERROW kHandlers[] = {
+    {SCRIPT_VIEW, View},
+    {SCRIPT_PRESS, Press},
+    {SCRIPT_RELEASE, Release},
+    {SCRIPT_RCLICK, ContextMenu},
+    {SCRIPT_LABEL, Label},
+    {SCRIPT_EXTENSION, Extension},
+    {SCRIPT_PAGE, Page},
+    {SCRIPT_LEDS, Leds},
+    {SCRIPT_SCROLL, Scroll},
+};
+
+}  // namespace
+
+const VERBHANDLERS kConsoleViewVerbs = HandlerTable(kHandlers);

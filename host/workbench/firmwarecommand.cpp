@@ -93,3 +93,19 @@ bool RunFirmwareUpdate(WORKBENCH* bench, HOSTINFO* console, const std::string& p
         fprintf(stderr, "workbench: %s is not online: UPDATE opens nothing\n", console->m_szName);
     return run.dialog && run.started;
 }
+
+namespace {
+
+bool Firmware(WORKBENCH* bench, const SCRIPTCOMMAND& command)
+{
+    HOSTINFO* obj = FindWindowedObject(command.object);
+    return obj && RunFirmwareUpdate(bench, obj, command.text, command.typed);
+}
+
+const VERBHANDLERROW kHandlers[] = {
+    {SCRIPT_FIRMWARE, Firmware},
+};
+
+}  // namespace
+
+const VERBHANDLERS kFirmwareVerbs = HandlerTable(kHandlers);

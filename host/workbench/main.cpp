@@ -68,6 +68,9 @@ void PluginPath(const OPTIONS& options, char* path, size_t size)
 
 int Run(const OPTIONS& options)
 {
+    // A command the script language knows but the workbench cannot run is a fault of the build.
+    if (!CheckVerbHandlers())
+        return 2;
     WORKBENCH bench;
     char pluginPath[MAX_PATH];
     PluginPath(options, pluginPath, sizeof pluginPath);

@@ -1,11 +1,64 @@
 #include "script.h"
 
-#include <sstream>
+#include <limits.h>
 
+#include <vector>
+
+#include "verbs.h"
 #include "../../base/text.h"
 #include "../../base/banned.h"
 
 namespace {
+
+// How an argument is read from its word (or, last in a pattern, from the rest of the line).
+enum ARGKIND {
+    ARG_WORD,        // one word, as it is
+    ARG_REST,        // the rest of the line, not empty
+    ARG_REST_EMPTY,  // the rest of the line, possibly empty
+    ARG_NUMBER,      // a whole number from least to most
+    ARG_SWITCH,      // on (1) or off (0)
+    ARG_CHOICE,      // one of the name's alternatives; an upper-case one stands for a number
+    ARG_DESIGNLINE,  // OBJ*KEYWORD=VALUE: the whole line, and the object it names
+    ARG_ASSIGNMENT,  // NAME=NUMBER
+};
+
+struct PLACEHOLDER {
+    const char* name;  // as patterns write it; "[NAME]" is optional
+    ARGKIND kind;
+    std::string SCRIPTCOMMAND::*text;  // where the word goes, if anywhere
+    int SCRIPTCOMMAND::*number;        // where the number goes, if anywhere
+    int least;
+    int most;
+};
+
+const PLACEHOLDER kPlaceholders[] = {
+    {"OBJ", ARG_WORD, &SCRIPTCOMMAND::object, nullptr, 0, 0},
+    {"TARGET", ARG_WORD, &SCRIPTCOMMAND::object, nullptr, 0, 0},
+    {"KEYWORD", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"WIDGET", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"PACKAGE", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"PASSWORD", ARG_WORD, &SCRIPTCOMMAND::typed, nullptr, 0, 0},
+    {"FILE", ARG_REST, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"ITEM", ARG_REST, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"TEXT", ARG_REST_EMPTY, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"VALUE", ARG_REST_EMPTY, &SCRIPTCOMMAND::typed, nullptr, 0, 0},
+    {"CODE", ARG_NUMBER, nullptr, &SCRIPTCOMMAND::code, INT_MIN, INT_MAX},
+    {"MS", ARG_NUMBER, nullptr, &SCRIPTCOMMAND::code, 0, INT_MAX},
+    {"N", ARG_NUMBER, nullptr, &SCRIPTCOMMAND::code, 1, 10},  // a console's fault words
+    {"DX", ARG_NUMBER, nullptr, &SCRIPTCOMMAND::code, INT_MIN, INT_MAX},
+    {"DY", ARG_NUMBER, nullptr, &SCRIPTCOMMAND::value, INT_MIN, INT_MAX},
+    {"X", ARG_NUMBER, nullptr, &SCRIPTCOMMAND::code, 0, 0xFFFF},  // a scroll position is 16 bits
+    {"KEY", ARG_NUMBER, nullptr, &SCRIPTCOMMAND::key, INT_MIN, INT_MAX},
+    {"MODE", ARG_NUMBER, nullptr, &SCRIPTCOMMAND::code, 0, 3},
+    {"[MODE2]", ARG_NUMBER, nullptr, &SCRIPTCOMMAND::value, 0, 3},
+    {"on|off", ARG_SWITCH, nullptr, &SCRIPTCOMMAND::value, 0, 0},
+    {"add|remove", ARG_CHOICE, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"N|side|buttons", ARG_CHOICE, &SCRIPTCOMMAND::text, &SCRIPTCOMMAND::code, INT_MIN, INT_MAX},
+    {"OBJ*KEYWORD=VALUE", ARG_DESIGNLINE, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"VARIABLE=VALUE", ARG_ASSIGNMENT, &SCRIPTCOMMAND::text, &SCRIPTCOMMAND::value, INT_MIN, INT_MAX},
+};
+
+const char kBlanks[] = " \t";
 
 std::string Trimmed(const std::string& text)
 {
@@ -22,10 +75,52 @@ bool Fail(std::string* error, const std::string& message)
     return false;
 }
 
+const PLACEHOLDER* FindPlaceholder(const std::string& name)
+{
+    for (const PLACEHOLDER& placeholder : kPlaceholders)
+        if (name == placeholder.name)
+            return &placeholder;
+    return nullptr;
+}
+
+bool Optional(const PLACEHOLDER& placeholder)
+{
+    return placeholder.name[0] == '[';
+}
+
+bool TakesRest(const PLACEHOLDER& placeholder)
+{
+    return placeholder.kind == ARG_REST || placeholder.kind == ARG_REST_EMPTY;
+}
+
+// The pattern's placeholders; false when it names one that does not exist.
+bool PatternSlots(const char* pattern, std::vector<const PLACEHOLDER*>* slots)
+{
+    const std::string text = pattern;
+    size_t at = text.find_first_not_of(kBlanks);
+    while (at != std::string::npos) {
+        const size_t end = text.find_first_of(kBlanks, at);
+        const PLACEHOLDER* placeholder = FindPlaceholder(text.substr(at, end - at));
+        if (!placeholder)
+            return false;
+        slots->push_back(placeholder);
+        at = end == std::string::npos ? end : text.find_first_not_of(kBlanks, end);
+    }
+    return true;
+}
+
+// Splits text at its first blank into the first word and what follows it.
+void FirstWord(const std::string& text, std::string* first, std::string* rest)
+{
+    const size_t split = text.find_first_of(kBlanks);
+    *first = text.substr(0, split);
+    *rest = split == std::string::npos ? std::string() : Trimmed(text.substr(split));
+}
+
 // Splits text at its last blank into what comes before and the last word.
 bool LastWord(const std::string& text, std::string* head, std::string* last)
 {
-    const size_t split = text.find_last_of(" \t");
+    const size_t split = text.find_last_of(kBlanks);
     if (split == std::string::npos)
         return false;
     *head = Trimmed(text.substr(0, split));
@@ -33,12 +128,134 @@ bool LastWord(const std::string& text, std::string* head, std::string* last)
     return !head->empty() && !last->empty();
 }
 
-bool OnOff(const std::string& word, int* value)
+// One text per slot (empty for an optional one left out). A pattern that ends
+// in the rest of the line takes words from the left; one with an optional
+// argument takes as many words as are given; any other takes words from the
+// right and leaves the first argument (the object) all that comes before, blanks
+// and all.
+bool SplitArguments(const std::string& rest, const std::vector<const PLACEHOLDER*>& slots,
+                    std::vector<std::string>* texts)
 {
-    if (word != "on" && word != "off")
-        return false;
-    *value = word == "on";
-    return true;
+    const size_t count = slots.size();
+    texts->assign(count, std::string());
+    if (count == 0)
+        return rest.empty();
+    if (TakesRest(*slots.back())) {
+        std::string remaining = rest;
+        for (size_t i = 0; i + 1 < count; i++) {
+            const std::string before = remaining;
+            FirstWord(before, &(*texts)[i], &remaining);
+            if ((*texts)[i].empty())
+                return false;
+        }
+        texts->back() = remaining;
+        return slots.back()->kind == ARG_REST_EMPTY || !remaining.empty();
+    }
+    size_t required = 0;
+    for (const PLACEHOLDER* slot : slots)
+        required += Optional(*slot) ? 0 : 1;
+    if (required < count) {
+        std::string remaining = rest;
+        size_t given = 0;
+        for (; given < count && !remaining.empty(); given++) {
+            const std::string before = remaining;
+            FirstWord(before, &(*texts)[given], &remaining);
+        }
+        return remaining.empty() && given >= required;
+    }
+    std::string head = rest;
+    for (size_t i = count - 1; i > 0; i--) {
+        const std::string before = head;
+        if (!LastWord(before, &head, &(*texts)[i]))
+            return false;
+    }
+    (*texts)[0] = head;
+    return !head.empty();
+}
+
+// An upper-case alternative of a choice stands for a number.
+bool ReadChoice(const PLACEHOLDER& placeholder, const std::string& word, SCRIPTCOMMAND* command)
+{
+    const std::string alternatives = placeholder.name;
+    size_t at = 0;
+    while (at <= alternatives.size()) {
+        const size_t bar = alternatives.find('|', at);
+        const std::string alternative = alternatives.substr(at, bar - at);
+        const bool numeric = !alternative.empty() && alternative[0] >= 'A' && alternative[0] <= 'Z';
+        int number = 0;
+        if (numeric ? ParseInt(word.c_str(), &number) : alternative == word) {
+            if (placeholder.number)
+                command->*placeholder.number = number;
+            return true;
+        }
+        if (bar == std::string::npos)
+            break;
+        at = bar + 1;
+    }
+    return false;
+}
+
+bool ReadNumber(const PLACEHOLDER& placeholder, const std::string& word, int* number)
+{
+    return ParseInt(word.c_str(), number) && *number >= placeholder.least && *number <= placeholder.most;
+}
+
+// Stores one argument; false when its text does not fit the placeholder.
+bool ReadArgument(const PLACEHOLDER& placeholder, const std::string& text, SCRIPTCOMMAND* command)
+{
+    if (placeholder.text)
+        command->*placeholder.text = text;
+    switch (placeholder.kind) {
+    case ARG_WORD:
+    case ARG_REST:
+    case ARG_REST_EMPTY:
+        return true;
+    case ARG_NUMBER:
+        return text.empty() ? Optional(placeholder) : ReadNumber(placeholder, text, &(command->*placeholder.number));
+    case ARG_SWITCH:
+        command->*placeholder.number = text == "on";
+        return text == "on" || text == "off";
+    case ARG_CHOICE:
+        return ReadChoice(placeholder, text, command);
+    case ARG_DESIGNLINE: {
+        const size_t equals = text.find('=');
+        const size_t star = text.rfind('*', equals);
+        if (equals == std::string::npos || star == std::string::npos || star == 0 || star + 1 == equals)
+            return false;
+        command->object = text.substr(0, star);
+        return true;
+    }
+    case ARG_ASSIGNMENT: {
+        const size_t equals = text.find('=');
+        if (equals == std::string::npos || equals == 0)
+            return false;
+        command->*placeholder.text = text.substr(0, equals);
+        return ReadNumber(placeholder, text.substr(equals + 1), &(command->*placeholder.number));
+    }
+    }
+    return false;
+}
+
+// "VERB needs PATTERN", with the ranges of its numbers.
+std::string Usage(const SCRIPTVERBROW& row, const std::vector<const PLACEHOLDER*>& slots)
+{
+    if (slots.empty())
+        return std::string(row.name) + " takes no arguments";
+    std::string usage = std::string(row.name) + " needs " + row.pattern;
+    const char* joint = " with ";
+    for (const PLACEHOLDER* slot : slots) {
+        if (slot->kind != ARG_NUMBER || (slot->least == INT_MIN && slot->most == INT_MAX))
+            continue;
+        std::string name = slot->name;
+        if (Optional(*slot))
+            name = name.substr(1, name.size() - 2);
+        usage += joint + name;
+        usage += slot->most == INT_MAX
+                     ? " at least " + std::to_string(slot->least)
+                     : " from " + std::to_string(slot->least) + " to " + std::to_string(slot->most);
+        joint = " and ";
+    }
+    return usage;
 }
 
 }  // namespace
@@ -49,190 +266,30 @@ bool ParseScriptLine(const std::string& rawLine, SCRIPTCOMMAND* command, std::st
     *command = SCRIPTCOMMAND();
     if (line.empty() || line[0] == '#')
         return true;
-    const size_t blank = line.find_first_of(" \t");
+    const size_t blank = line.find_first_of(kBlanks);
     const std::string verb = line.substr(0, blank);
     const std::string rest = blank == std::string::npos ? std::string() : Trimmed(line.substr(blank));
 
-    if (verb == "set") {
-        const size_t equals = rest.find('=');
-        const size_t star = rest.rfind('*', equals);
-        if (equals == std::string::npos || star == std::string::npos || star == 0 || star + 1 == equals)
-            return Fail(error, "set needs OBJECT*KEYWORD=VALUE");
-        command->verb = SCRIPT_SET;
-        command->object = rest.substr(0, star);
-        command->text = rest;
-        return true;
+    const SCRIPTVERBROW* row = FindScriptVerb(verb);
+    if (!row)
+        return Fail(error, "unknown command '" + verb + "'");
+    std::vector<const PLACEHOLDER*> slots;
+    if (!PatternSlots(row->pattern, &slots))
+        return Fail(error, verb + " has an argument the workbench does not know");
+    std::vector<std::string> texts;
+    bool read = SplitArguments(rest, slots, &texts);
+    for (size_t i = 0; read && i < slots.size(); i++)
+        read = ReadArgument(*slots[i], texts[i], command);
+    if (!read) {
+        *command = SCRIPTCOMMAND();
+        return Fail(error, Usage(*row, slots));
     }
-    if (verb == "get") {
-        if (!LastWord(rest, &command->object, &command->text))
-            return Fail(error, "get needs OBJECT KEYWORD");
-        command->verb = SCRIPT_GET;
-        return true;
-    }
-    if (verb == "save" || verb == "screenshot") {
-        if (rest.empty())
-            return Fail(error, verb + " needs a file name");
-        command->verb = verb == "save" ? SCRIPT_SAVE : SCRIPT_SCREENSHOT;
-        command->text = rest;
-        return true;
-    }
-    if (verb == "callback") {
-        if (!ParseInt(rest.c_str(), &command->code))
-            return Fail(error, "callback needs a number");
-        command->verb = SCRIPT_CALLBACK;
-        return true;
-    }
-    if (verb == "online") {
-        std::string state;
-        if (!LastWord(rest, &command->object, &state) || !OnOff(state, &command->value))
-            return Fail(error, "online needs OBJECT on|off");
-        command->verb = SCRIPT_ONLINE;
-        return true;
-    }
-    if (verb == "fault") {
-        std::string head, state, number;
-        if (!LastWord(rest, &head, &state) || !OnOff(state, &command->value) ||
-            !LastWord(head, &command->object, &number) || !ParseInt(number.c_str(), &command->code) ||
-            command->code < 1 || command->code > 10)
-            return Fail(error, "fault needs OBJECT N on|off with N from 1 to 10");
-        command->verb = SCRIPT_FAULT;
-        return true;
-    }
-    if (verb == "device") {
-        const size_t equals = rest.find('=');
-        if (!LastWord(rest.substr(0, equals), &command->object, &command->text) || equals == std::string::npos ||
-            !ParseInt(rest.substr(equals + 1).c_str(), &command->value))
-            return Fail(error, "device needs OBJECT VARIABLE=NUMBER");
-        command->verb = SCRIPT_DEVICE;
-        return true;
-    }
-    const struct {
-        const char* name;
-        SCRIPTVERB verb;
-    } objectVerbs[] = {{"list", SCRIPT_LIST}, {"tooltip", SCRIPT_TOOLTIP}, {"menu", SCRIPT_MENU},
-                       {"open", SCRIPT_OPEN}, {"delete", SCRIPT_DELETE}, {"select", SCRIPT_SELECT},
-                       {"widgets", SCRIPT_WIDGETS}, {"view", SCRIPT_VIEW}};
-    for (const auto& objectVerb : objectVerbs) {
-        if (verb != objectVerb.name)
-            continue;
-        if (rest.empty())
-            return Fail(error, verb + " needs an object");
-        command->verb = objectVerb.verb;
-        command->object = rest;
-        return true;
-    }
-    if (verb == "edit") {
-        // OBJ and KEYWORD are words; the value is the rest of the line.
-        const size_t first = rest.find_first_of(" \t");
-        const std::string tail = first == std::string::npos ? std::string() : Trimmed(rest.substr(first));
-        const size_t second = tail.find_first_of(" \t");
-        if (first == std::string::npos || tail.empty())
-            return Fail(error, "edit needs OBJECT KEYWORD VALUE");
-        command->verb = SCRIPT_EDIT;
-        command->object = rest.substr(0, first);
-        command->text = tail.substr(0, second);
-        command->typed = second == std::string::npos ? std::string() : Trimmed(tail.substr(second));
-        return true;
-    }
-    if (verb == "firmware") {
-        std::string head, object;
-        if (!LastWord(rest, &head, &command->typed) || !LastWord(head, &command->object, &command->text))
-            return Fail(error, "firmware needs OBJECT PACKAGE PASSWORD");
-        command->verb = SCRIPT_FIRMWARE;
-        return true;
-    }
-    if (verb == "click" || verb == "read") {
-        if (!LastWord(rest, &command->object, &command->text))
-            return Fail(error, verb + " needs OBJECT WIDGET");
-        command->verb = verb == "click" ? SCRIPT_CLICK : SCRIPT_READ;
-        return true;
-    }
-    if (verb == "press" || verb == "release") {
-        std::string key;
-        if (!LastWord(rest, &command->object, &key) || !ParseInt(key.c_str(), &command->key))
-            return Fail(error, verb + " needs OBJECT KEY");
-        command->verb = verb == "press" ? SCRIPT_PRESS : SCRIPT_RELEASE;
-        return true;
-    }
-    if (verb == "rclick" || verb == "label") {
-        // OBJ and KEY are words; the item or the text is the rest of the line.
-        const size_t first = rest.find_first_of(" \t");
-        const std::string tail = first == std::string::npos ? std::string() : Trimmed(rest.substr(first));
-        const size_t second = tail.find_first_of(" \t");
-        if (first == std::string::npos || !ParseInt(tail.substr(0, second).c_str(), &command->key) ||
-            (verb == "rclick" && second == std::string::npos))
-            return Fail(error, verb + (verb == "rclick" ? " needs OBJECT KEY ITEM" : " needs OBJECT KEY TEXT"));
-        command->verb = verb == "rclick" ? SCRIPT_RCLICK : SCRIPT_LABEL;
-        command->object = rest.substr(0, first);
-        command->text = second == std::string::npos ? std::string() : Trimmed(tail.substr(second));
-        return true;
-    }
-    if (verb == "extension" || verb == "page") {
-        if (!LastWord(rest, &command->object, &command->text))
-            return Fail(error, verb + (verb == "page" ? " needs OBJECT N|side|buttons" : " needs OBJECT add|remove"));
-        int number = 0;
-        const bool valid = verb == "extension" ? command->text == "add" || command->text == "remove"
-                                               : command->text == "side" || command->text == "buttons" ||
-                                                     ParseInt(command->text.c_str(), &number);
-        if (!valid)
-            return Fail(error, verb + (verb == "page" ? " needs OBJECT N|side|buttons" : " needs OBJECT add|remove"));
-        command->verb = verb == "extension" ? SCRIPT_EXTENSION : SCRIPT_PAGE;
-        command->code = number;
-        return true;
-    }
-    if (verb == "scroll") {
-        std::string position;
-        if (!LastWord(rest, &command->object, &position) || !ParseInt(position.c_str(), &command->code) ||
-            command->code < 0 || command->code > 0xFFFF)
-            return Fail(error, "scroll needs OBJECT X");
-        command->verb = SCRIPT_SCROLL;
-        return true;
-    }
-    if (verb == "leds") {
-        std::istringstream words(rest);
-        std::string key, first, second, extra;
-        words >> command->object >> key >> first >> second >> extra;
-        if (!ParseInt(key.c_str(), &command->key) || !ParseInt(first.c_str(), &command->code) ||
-            (!second.empty() && !ParseInt(second.c_str(), &command->value)) || !extra.empty() ||
-            command->code < 0 || command->code > 3 || command->value < 0 || command->value > 3)
-            return Fail(error, "leds needs OBJECT KEY MODE [MODE2] with modes from 0 to 3");
-        command->verb = SCRIPT_LEDS;
-        return true;
-    }
-    if (verb == "drag") {
-        std::string head, dx, dy;
-        if (!LastWord(rest, &head, &dy) || !LastWord(head, &command->object, &dx) ||
-            !ParseInt(dx.c_str(), &command->code) || !ParseInt(dy.c_str(), &command->value))
-            return Fail(error, "drag needs OBJECT DX DY");
-        command->verb = SCRIPT_DRAG;
-        return true;
-    }
-    if (verb == "design") {
-        if (!OnOff(rest, &command->value))
-            return Fail(error, "design needs on|off");
-        command->verb = SCRIPT_DESIGN;
-        return true;
-    }
-    if (verb == "shot") {
-        const size_t blank = rest.find_first_of(" \t");
-        if (blank == std::string::npos || Trimmed(rest.substr(blank)).empty())
-            return Fail(error, "shot needs TARGET FILE");
-        command->verb = SCRIPT_SHOT;
-        command->object = rest.substr(0, blank);
-        command->text = Trimmed(rest.substr(blank));
-        return true;
-    }
-    if (verb == "tick") {
-        if (!ParseInt(rest.c_str(), &command->code) || command->code < 0)
-            return Fail(error, "tick needs milliseconds");
-        command->verb = SCRIPT_TICK;
-        return true;
-    }
-    if (verb == "trace" || verb == "alarms") {
-        if (!rest.empty())
-            return Fail(error, verb + " takes no arguments");
-        command->verb = verb == "trace" ? SCRIPT_TRACE : SCRIPT_ALARMS;
-        return true;
-    }
-    return Fail(error, "unknown command '" + verb + "'");
+    command->verb = row->verb;
+    return true;
+}
+
+bool ScriptPatternIsKnown(const char* pattern)
+{
+    std::vector<const PLACEHOLDER*> slots;
+    return PatternSlots(pattern, &slots);
 }

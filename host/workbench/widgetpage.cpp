@@ -3,6 +3,8 @@
 // widgets and for driving them from scripts.
 #include "workbench.h"
 
+#include <stdio.h>
+
 #include "../../plugin/protocol.h"
 
 #include "../../base/text.h"
@@ -124,4 +126,13 @@ void CloseWidgetPages(WORKBENCH* bench)
         a_CleanHostinfo(&page.second->owner);
     }
     bench->pages.clear();
+}
+
+HWND PageWidget(WORKBENCH* bench, const std::string& object, const std::string& name)
+{
+    WIDGETPAGE* page = OpenWidgetPage(bench, object);
+    HWND widget = page ? a_FindHwnd(&page->owner, name.c_str()) : NULL;
+    if (!widget)
+        fprintf(stderr, "workbench: no widget %s of %s\n", name.c_str(), object.c_str());
+    return widget;
 }

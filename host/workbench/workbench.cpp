@@ -103,6 +103,14 @@ void DeleteObject(WORKBENCH* bench, HOSTINFO* obj)
         DestroyWindow(obj->m_hWnd);
 }
 
+HOSTINFO* FindWindowedObject(const std::string& name)
+{
+    HOSTINFO* obj = a_FindHostinfo(name.c_str());
+    if (!obj || !obj->m_hWnd)
+        fprintf(stderr, "workbench: no object %s\n", name.c_str());
+    return obj && obj->m_hWnd ? obj : nullptr;
+}
+
 bool OpenDesign(WORKBENCH* bench, const char* path)
 {
     NewDesign(bench);

@@ -43,14 +43,15 @@ HWND ConsoleViewFrame(WORKBENCH* bench, const std::string& name);
 // The part of a frame that the toolbar and the view take, with a margin.
 bool ConsoleViewExtent(HWND frame, SIZE* size);
 void SetConsoleViewsEditMode(WORKBENCH* bench, bool designing);
-// view, press, release, rclick, label, extension, page, leds and scroll.
-bool RunConsoleViewCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command);
 
 // A window class of the workbench with the host's face colour (registered once).
 bool RegisterFaceClass(const char* name, WNDPROC procedure);
 
 // Builds (once) and returns the widget page of an object; null without one.
 WIDGETPAGE* OpenWidgetPage(WORKBENCH* bench, const std::string& object);
+// A widget of the object's page, building the page when there is none yet;
+// null, with a message on stderr, when there is no such widget.
+HWND PageWidget(WORKBENCH* bench, const std::string& object, const std::string& widget);
 void CloseWidgetPages(WORKBENCH* bench);
 
 
@@ -64,6 +65,31 @@ bool LoadPlugin(WORKBENCH* bench, const char* path);
 void NewDesign(WORKBENCH* bench);
 bool OpenDesign(WORKBENCH* bench, const char* path);
 bool SaveDesign(WORKBENCH* bench, const char* path);
+// What a verb of the script does (verbs.cpp has the verbs): results on stdout,
+// errors on stderr. Each file of verbs binds its handlers in a table of its own.
+typedef bool (*VERBHANDLER)(WORKBENCH* bench, const SCRIPTCOMMAND& command);
+struct VERBHANDLERROW {
+    SCRIPTVERB verb;
+    VERBHANDLER handler;
+};
+struct VERBHANDLERS {
+    const VERBHANDLERROW* rows;
+    size_t count;
+};
+template <size_t N>
+constexpr VERBHANDLERS HandlerTable(const VERBHANDLERROW (&rows)[N])
+{
+    return VERBHANDLERS{rows, N};
+}
+extern const VERBHANDLERS kInspectVerbs;      // inspectverbs.cpp: what the design shows
+extern const VERBHANDLERS kInputVerbs;        // inputverbs.cpp: what a user does to it
+extern const VERBHANDLERS kSimulationVerbs;   // simulationverbs.cpp: the simulated devices and the clock
+extern const VERBHANDLERS kPictureVerbs;      // pictureverbs.cpp
+extern const VERBHANDLERS kConsoleViewVerbs;  // consoleviews.cpp
+extern const VERBHANDLERS kFirmwareVerbs;     // firmwarecommand.cpp
+
+// Whether every verb has exactly one handler; names those that do not on stderr.
+bool CheckVerbHandlers();
 // Runs one parsed command; prints results on stdout and errors on stderr.
 bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command);
 // Runs a script file; returns the number of lines that failed.
@@ -90,6 +116,8 @@ HMENU BuildContextMenu(HOSTINFO* obj);
 void RunContextCommand(WORKBENCH* bench, HOSTINFO* obj, UINT command);
 // Destroys an object as the host does when the user deletes it.
 void DeleteObject(WORKBENCH* bench, HOSTINFO* obj);
+// The named object when it has a window; null, with a message on stderr, else.
+HOSTINFO* FindWindowedObject(const std::string& name);
 
 // Headless: message boxes are printed and answered with their default button.
 void AnswerMessageBoxes();

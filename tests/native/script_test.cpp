@@ -111,3 +111,42 @@ TEST(Script, ConsoleViewCommands)
         EXPECT_FALSE(error.empty()) << bad;
     }
 }
+
+TEST(Script, ArgumentsFollowTheirPattern)
+{
+    SCRIPTCOMMAND command;
+    std::string error;
+    // Read from the right, the object keeps what comes before, blanks and all.
+    ASSERT_TRUE(ParseScriptLine("get Main  desk name", &command, &error));
+    EXPECT_EQ(command.object, "Main  desk");
+    EXPECT_EQ(command.text, "name");
+    ASSERT_TRUE(ParseScriptLine("firmware ORNCST_1 ORN 2.zip secret", &command, &error));
+    EXPECT_EQ(command.object, "ORNCST_1 ORN");
+    EXPECT_EQ(command.text, "2.zip");
+    EXPECT_EQ(command.typed, "secret");
+    // Read from the left when the line ends in free text.
+    ASSERT_TRUE(ParseScriptLine("shot surface out\\a b.png", &command, &error));
+    EXPECT_EQ(command.object, "surface");
+    EXPECT_EQ(command.text, "out\\a b.png");
+    ASSERT_TRUE(ParseScriptLine("page ORNCST_1 side", &command, &error));
+    EXPECT_EQ(command.code, 0);
+    EXPECT_EQ(command.text, "side");
+    ASSERT_TRUE(ParseScriptLine("extension ORNCST_1 remove", &command, &error));
+    EXPECT_EQ(command.text, "remove");
+    ASSERT_TRUE(ParseScriptLine("design off", &command, &error));
+    EXPECT_EQ(command.value, 0);
+    ASSERT_TRUE(ParseScriptLine("help", &command, &error));
+    EXPECT_EQ(command.verb, SCRIPT_HELP);
+
+    EXPECT_FALSE(ParseScriptLine("page ORNCST_1 N", &command, &error));
+    EXPECT_FALSE(ParseScriptLine("fault ORNCST_1 11 on", &command, &error));
+    EXPECT_EQ(error, "fault needs OBJ N on|off with N from 1 to 10");
+    EXPECT_FALSE(ParseScriptLine("leds ORNCST_1 7 1 4", &command, &error));
+    EXPECT_EQ(error, "leds needs OBJ KEY MODE [MODE2] with MODE from 0 to 3 and MODE2 from 0 to 3");
+    EXPECT_FALSE(ParseScriptLine("tick -1", &command, &error));
+    EXPECT_EQ(error, "tick needs MS with MS at least 0");
+    EXPECT_FALSE(ParseScriptLine("help me", &command, &error));
+    EXPECT_EQ(error, "help takes no arguments");
+    EXPECT_FALSE(ParseScriptLine("frobnicate", &command, &error));
+    EXPECT_EQ(error, "unknown command 'frobnicate'");
+}

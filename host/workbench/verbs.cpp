@@ -1,0 +1,88 @@
+#include "verbs.h"
+
+#include <vector>
+
+#include "../../base/banned.h"
+
+namespace {
+
+// In the order of the README's table.
+const SCRIPTVERBROW kVerbs[] = {
+    {SCRIPT_SET, "set", "OBJ*KEYWORD=VALUE", "an edit, as the property list makes one (OnLoad with mode 0)"},
+    {SCRIPT_GET, "get", "OBJ KEYWORD", "prints KEYWORD=VALUE as the object reads it"},
+    {SCRIPT_SAVE, "save", "FILE", "writes the design"},
+    {SCRIPT_CALLBACK, "callback", "CODE", "calls the plug-in's fnCallback; prints the text for 13, the number otherwise"},
+    {SCRIPT_TRACE, "trace", "", "prints the lines of the output window"},
+    {SCRIPT_SCREENSHOT, "screenshot", "FILE", "writes the workbench window as the screen shows it"},
+    {SCRIPT_SHOT, "shot", "TARGET FILE",
+     "writes a picture of TARGET: surface, screen, an object's canvas (its name), config:OBJ, view:OBJ or page:OBJ"},
+    {SCRIPT_SELECT, "select", "OBJ", "selects the object; the property list shows it"},
+    {SCRIPT_FIRMWARE, "firmware", "OBJ PACKAGE PASSWORD",
+     "runs the online console's firmware update, printing each state text"},
+    {SCRIPT_EDIT, "edit", "OBJ KEYWORD VALUE", "types VALUE into OBJ's row KEYWORD of the property list"},
+    {SCRIPT_DRAG, "drag", "OBJ DX DY", "drags the object by DX, DY with the mouse"},
+    {SCRIPT_DESIGN, "design", "on|off", "edits the design (objects hand the mouse to the surface) or runs it"},
+    {SCRIPT_WIDGETS, "widgets", "OBJ", "builds a page of every widget kind bound to OBJ"},
+    {SCRIPT_CLICK, "click", "OBJ WIDGET", "clicks a widget of OBJ's page"},
+    {SCRIPT_READ, "read", "OBJ WIDGET", "prints WIDGET=TEXT, what the widget shows"},
+    {SCRIPT_TOOLTIP, "tooltip", "OBJ", "prints the tooltip of the object's canvas (and shows it)"},
+    {SCRIPT_MENU, "menu", "OBJ", "prints the object's context menu, an item a line"},
+    {SCRIPT_OPEN, "open", "OBJ", "opens the console's configuration window"},
+    {SCRIPT_DELETE, "delete", "OBJ", "deletes the object as the user would"},
+    {SCRIPT_ONLINE, "online", "OBJ on|off", "switches a simulated console on or off"},
+    {SCRIPT_FAULT, "fault", "OBJ N on|off", "raises or clears fault word N of a simulated console"},
+    {SCRIPT_DEVICE, "device", "OBJ VARIABLE=VALUE", "sets a simulated variable of a console or a controller"},
+    {SCRIPT_LIST, "list", "OBJ", "prints the object's property list, KEYWORD=VALUE a row"},
+    {SCRIPT_ALARMS, "alarms", "", "prints the design's alarm matrix, a source a line"},
+    {SCRIPT_TICK, "tick", "MS", "advances the host's clock and timers by MS"},
+    {SCRIPT_VIEW, "view", "OBJ", "opens the console's view in a frame of its own"},
+    {SCRIPT_PRESS, "press", "OBJ KEY", "presses key KEY (its id) of the console view with the mouse"},
+    {SCRIPT_RELEASE, "release", "OBJ KEY", "releases the mouse button over key KEY"},
+    {SCRIPT_RCLICK, "rclick", "OBJ KEY ITEM", "opens the key's context menu, prints its items and chooses ITEM (- none)"},
+    {SCRIPT_LABEL, "label", "OBJ KEY TEXT", "types TEXT into the key's label box and presses Enter"},
+    {SCRIPT_EXTENSION, "extension", "OBJ add|remove", "the console view's toolbar buttons"},
+    {SCRIPT_PAGE, "page", "OBJ N|side|buttons",
+     "page button N (0 the console, k extension slot k-1), or the layout side by side or with page buttons"},
+    {SCRIPT_LEDS, "leds", "OBJ KEY MODE [MODE2]", "sets the modes (0 to 3) of the key's first and second LED"},
+    {SCRIPT_SCROLL, "scroll", "OBJ X", "moves the console view's scroll box to X"},
+    {SCRIPT_HELP, "help", "", "prints every command with its arguments and what it does"},
+};
+
+}  // namespace
+
+SCRIPTVERBLIST ScriptVerbs()
+{
+    return SCRIPTVERBLIST{kVerbs, sizeof kVerbs / sizeof kVerbs[0]};
+}
+
+const SCRIPTVERBROW* FindScriptVerb(const std::string& name)
+{
+    for (const SCRIPTVERBROW& row : kVerbs)
+        if (name == row.name)
+            return &row;
+    return nullptr;
+}
+
+const SCRIPTVERBROW* ScriptVerbRow(SCRIPTVERB verb)
+{
+    for (const SCRIPTVERBROW& row : kVerbs)
+        if (row.verb == verb)
+            return &row;
+    return nullptr;
+}
+
+std::string ScriptHelp()
+{
+    std::vector<std::string> usages;
+    size_t column = 0;
+    for (const SCRIPTVERBROW& row : kVerbs) {
+        usages.push_back(row.pattern[0] ? std::string(row.name) + " " + row.pattern : row.name);
+        column = usages.back().size() > column ? usages.back().size() : column;
+    }
+    std::string help;
+    for (size_t i = 0; i < usages.size(); i++) {
+        usages[i].resize(column + 2, ' ');  // the help texts in one column, two blanks right of the widest
+        help += usages[i] + kVerbs[i].help + "\n";
+    }
+    return help;
+}
