@@ -6,25 +6,137 @@ JOBS=$(nproc 2>/dev/null || echo 2)
 
 log() { printf '== %s\n' "$*" >&2; }
 
-# Debian packages the builds and tests need. i386 multiarch is not used:
-# 32-bit code is built and inspected, the 64-bit build runs under wine64.
+# Debian packages the builds and tests need. 32-bit Wine (wine32:i386) comes
+# separately, through ensure_wine32.
 PACKAGES=(cmake make g++ pkg-config
           g++-mingw-w64-i686 g++-mingw-w64-x86-64 mingw-w64-tools binutils-mingw-w64-i686
           wine wine64 xvfb xauth
           googletest libgtest-dev clang libclang-rt-14-dev
           libz-mingw-w64-dev libminizip-dev zlib1g-dev dpkg-dev)
 
+SUDO=""
+[ "$(id -u)" -ne 0 ] && SUDO=sudo
+
+installed() {
+    dpkg-query -W -f='${Status}' "$1" 2>/dev/null | grep -q "install ok installed"
+}
+
+# apt-get update, once a run. Its status is not trusted either way: an index
+# that fails its signed checksum (a mirror caught mid-sync) makes it fail,
+# yet apt then simply goes without that index. What the install finds decides.
+APT_UPDATED=""
+apt_update() {
+    [ -n "$APT_UPDATED" ] && return 0
+    mkdir -p "$BUILD"
+    $SUDO apt-get update -q >"$BUILD/apt-update.log" 2>&1 ||
+        log "apt-get update reported errors; going on with the indexes it could verify (build/apt-update.log)"
+    APT_UPDATED=1
+}
+
 ensure_packages() {
     local missing=() package
     for package in "${PACKAGES[@]}" "$@"; do
-        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed" || missing+=("$package")
+        installed "$package" || missing+=("$package")
     done
     [ ${#missing[@]} -eq 0 ] && return 0
     log "installing: ${missing[*]}"
-    local sudo=""
-    [ "$(id -u)" -ne 0 ] && sudo=sudo
-    $sudo apt-get update -q >/dev/null || return 1
-    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -q --no-install-recommends "${missing[@]}" >/dev/null
+    apt_update
+    DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -q --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# 32-bit Wine, to run the product's own (i686) build. Sets WINE32 to 1 when it
+# is there. wine32:i386 pulls in i386 twins of libraries installed on amd64;
+# Multi-Arch "same" twins must be of one version, and a mirror's i386 index
+# can lag behind its amd64 one (the security suite's, typically). So the
+# install targets the release, whose versions both architectures have, and a
+# twin whose amd64 version has no i386 build goes to the newest version both
+# have, on both architectures.
+WINE32=0
+ensure_wine32() {
+    if installed wine32:i386; then
+        WINE32=1
+        return 0
+    fi
+    local started=$SECONDS release pins
+    release=$(. /etc/os-release && printf '%s' "${VERSION_CODENAME:-}")
+    log "installing 32-bit Wine (wine32:i386)"
+    if ! dpkg --print-foreign-architectures | grep -qx i386; then
+        $SUDO dpkg --add-architecture i386 || { no_wine32 "the i386 architecture cannot be added"; return 1; }
+        APT_UPDATED=""
+    fi
+    apt_update
+    if ! apt-cache policy wine32:i386 2>/dev/null | grep -q '^  Candidate: [^(]'; then
+        no_wine32 "the package sources offer no wine32:i386"
+        return 1
+    fi
+    # The release as the package sources name it; else no target at all.
+    apt-cache policy 2>/dev/null | grep -q "n=$release," || release=""
+    pins=$(twin_pins "$release") || { no_wine32 "an i386 library has no version in common with its amd64 twin"; return 1; }
+    local command=(apt-get install -y -q --no-install-recommends --allow-downgrades ${release:+-t "$release"} wine32:i386 $pins)
+    # Dry run first: nothing of this machine is removed for it.
+    if ! LC_ALL=C apt-get -s "${command[@]:1}" >"$BUILD/wine32-install.log" 2>&1 ||
+        grep -q '^Remv ' "$BUILD/wine32-install.log"; then
+        no_wine32 "apt cannot install wine32:i386 without removing packages, see build/wine32-install.log"
+        return 1
+    fi
+    [ -n "$pins" ] && log "one version on both architectures:$pins"
+    if ! DEBIAN_FRONTEND=noninteractive $SUDO "${command[@]}" >>"$BUILD/wine32-install.log" 2>&1; then
+        no_wine32 "installing wine32:i386 failed, see build/wine32-install.log"
+        return 1
+    fi
+    log "32-bit Wine installed in $((SECONDS - started)) s"
+    WINE32=1
+}
+
+no_wine32() {
+    log "no 32-bit Wine ($1): the i686 build does not run here, the x86_64 build runs alone"
+}
+
+# twin_pins RELEASE: " NAME:amd64=V NAME:i386=V" for every library that
+# wine32:i386 needs whose Multi-Arch "same" amd64 twin is installed and whose
+# i386 candidate (with the release targeted) differs from what amd64 will
+# have. V is the amd64 version when i386 has it, else the newest version both
+# architectures have.
+twin_pins() {
+    local release=$1 names=() name
+    while read -r name; do
+        names+=("$name:amd64" "$name:i386")
+    done < <(join <(apt-cache depends --recurse --no-recommends --no-suggests --no-conflicts --no-breaks \
+                        --no-replaces --no-enhances wine32:i386 2>/dev/null | sed -n 's/^\([^ <]*\):i386$/\1/p' | sort -u) \
+                  <(dpkg-query -W -f='${Package} ${Architecture} ${Multi-Arch} ${db:Status-Abbrev}\n' |
+                        awk '$2 == "amd64" && $3 == "same" && $4 == "ii" { print $1 }' | sort -u))
+    [ ${#names[@]} -eq 0 ] && return 0
+    LC_ALL=C apt-cache ${release:+-t "$release"} policy "${names[@]}" 2>/dev/null | awk '
+        # Each package: its candidate and the versions some index offers
+        # (not the ones only dpkg knows of), newest first as apt lists them.
+        /^[^ ].*:$/ { name = substr($0, 1, length($0) - 1); arch = "amd64"
+                      if (name ~ /:i386$/) { arch = "i386"; sub(/:i386$/, "", name) }
+                      sub(/:amd64$/, "", name); order[name] = 1; next }
+        /^  Candidate:/ { candidate[name, arch] = $2; next }
+        (NF == 2 || (NF == 3 && $1 == "***")) && $NF ~ /^-?[0-9]+$/ { version = $(NF - 1); next }
+        /^        [0-9]+ / && $2 != "/var/lib/dpkg/status" {
+            if (!((name, arch, version) in offered)) {
+                offered[name, arch, version] = 1
+                list[name, arch] = list[name, arch] " " version
+            }
+        }
+        END {
+            bad = 0
+            for (name in order) {
+                target = candidate[name, "amd64"]
+                if (target == candidate[name, "i386"]) continue
+                pick = ""
+                if ((name, "i386", target) in offered) pick = target
+                else {
+                    n = split(list[name, "amd64"], versions, " ")
+                    for (i = 1; i <= n && pick == ""; i++)
+                        if ((name, "i386", versions[i]) in offered) pick = versions[i]
+                }
+                if (pick == "") { print "no common version of " name > "/dev/stderr"; bad = 1; continue }
+                printf " %s:amd64=%s %s:i386=%s", name, pick, name, pick
+            }
+            exit bad
+        }'
 }
 
 # minizip's unzip/zip sources from Debian's zlib source package, unpacked once
@@ -34,13 +146,13 @@ minizip_source() {
     found=$(ls -d "$deps"/zlib-*/contrib/minizip 2>/dev/null | head -n 1)
     if [ -z "$found" ]; then
         log "fetching Debian's zlib source package for minizip"
-        local list=/etc/apt/sources.list.d/dovrixc-deb-src.sources sudo=""
-        [ "$(id -u)" -ne 0 ] && sudo=sudo
+        local list=/etc/apt/sources.list.d/dovrixc-deb-src.sources
         if ! grep -rqs '^Types:.*deb-src' /etc/apt/sources.list.d/ && ! grep -qs '^deb-src' /etc/apt/sources.list; then
             # The same mirrors as the binary packages, for sources.
-            sed 's/^Types: deb$/Types: deb-src/' /etc/apt/sources.list.d/debian.sources | $sudo tee "$list" >/dev/null
+            sed 's/^Types: deb$/Types: deb-src/' /etc/apt/sources.list.d/debian.sources | $SUDO tee "$list" >/dev/null
         fi
-        $sudo apt-get update -q >/dev/null
+        APT_UPDATED=""
+        apt_update
         mkdir -p "$deps"
         (cd "$deps" && apt-get source -q zlib >"$BUILD/deps.log" 2>&1) || { tail -n 20 "$BUILD/deps.log" >&2; return 1; }
         found=$(ls -d "$deps"/zlib-*/contrib/minizip 2>/dev/null | head -n 1)
@@ -81,16 +193,26 @@ sample_packages() {
     return 0
 }
 
-# A Wine prefix of the build's own, quiet and non-interactive.
+# wine_env [x86_64|i686]: a Wine prefix of the build's own, quiet and
+# non-interactive. The x86_64 build runs under wine64 in build/wineprefix; the
+# i686 build under 32-bit Wine in a 32-bit prefix, build/wineprefix32, so no
+# WoW64 layer stands between it and Wine.
 wine_env() {
-    export WINEPREFIX="$BUILD/wineprefix"
+    local arch=${1:-x86_64}
     export WINEDEBUG=-all
     export WINEDLLOVERRIDES="mscoree,mshtml="
-    export WINE=/usr/lib/wine/wine64 WINESERVER=/usr/lib/wine/wineserver64
-    [ -x "$WINE" ] || WINE=$(command -v wine64 || command -v wine)
+    if [ "$arch" = i686 ]; then
+        export WINEPREFIX="$BUILD/wineprefix32" WINEARCH=win32
+        export WINE=/usr/lib/wine/wine WINESERVER=/usr/lib/wine/wineserver32
+    else
+        export WINEPREFIX="$BUILD/wineprefix"
+        unset WINEARCH
+        export WINE=/usr/lib/wine/wine64 WINESERVER=/usr/lib/wine/wineserver64
+        [ -x "$WINE" ] || WINE=$(command -v wine64 || command -v wine)
+    fi
     [ -x "$WINESERVER" ] || WINESERVER=$(command -v wineserver)
     if [ ! -f "$WINEPREFIX/.dovrixc-ready" ]; then
-        log "creating the Wine prefix"
+        log "creating the $arch Wine prefix"
         mkdir -p "$WINEPREFIX"
         # No crash dialog; no window manager under Xvfb, so Wine must not wait for one.
         in_xvfb bash -c '"$WINE" wineboot -i &&
