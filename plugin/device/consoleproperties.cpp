@@ -40,7 +40,7 @@ CONSOLEPROPERTIES* AsConsole(HOSTINFO* obj)
 CONSOLEPROPERTIES::CONSOLEPROPERTIES()
     : m_keys(), m_numericKeys(), m_optionStates(), m_model(MODEL_ELK_15CST), m_masterFault(0), m_online(0), m_lastPoll(0),
       m_pPartner(nullptr), m_oldProject(false), m_migrationDone(false), m_hConfiguration(NULL), m_hConsoleView(NULL), m_ledStates(), m_slot(0), m_faultLed(0),
-      m_reportFaultsCache(0)
+      m_reportFaultsCache(0), m_audioCheckDue(false)
 {
     m_szDisplayName[0] = '\0';
 }

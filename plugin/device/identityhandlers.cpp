@@ -48,6 +48,7 @@ int TypeHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     if (model < 0 && !(ParseInt(TextOf(r), &model) && model >= 0 && model < MODEL_COUNT))
         return 0;
     c->m_model = model;
+    c->AudioInputsDue((WPARAM)r->mode);
     c->RefreshCanvas(true);
     c->NotifyConsoleView(CVM_CONSOLECHANGED, 0, 0);
     return 1;

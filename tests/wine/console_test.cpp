@@ -7,6 +7,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <fstream>
 #include "../../plugin/device/consoleproperties.h"
 
 namespace {
@@ -316,3 +317,26 @@ TEST(Console, TimerPollsAtMostOnceASecond)
     EXPECT_TRUE(console->m_wFlags & HOSTFLAG_ONLINE);
     static_cast<CONSOLEPROPERTIES*>(console)->m_pPartner = nullptr;
 }
+
+// Connecting while the design loads re-sends the settings as edits; the
+// user has changed nothing, so the loaded design is not marked changed.
+TEST(Console, AFreshlyOpenedDesignIsUnchanged)
+{
+    const std::string path = TempFolder() + "\\connected.ds";
+    {
+        std::ofstream file(path, std::ios::binary);
+        file << "control=0 ORNCON \"ORNCON_1\" 0x54000000 0,100,150x40\r\n" << kConsole << "\r\n"
+             << "ORNCST_1*Buzzer=1\r\nORNCST_1*connection=ORNCON_1.DOVRIXCSTModule\r\n";
+    }
+    TESTDESIGN design;
+    ASSERT_TRUE(a_LoadFile(design.Root(), path.c_str()));
+    LRESULT connected = 0;
+    design.Get("ORNCST_1", "connection", &connected);
+    EXPECT_EQ(connected, 1);
+    EXPECT_FALSE(a_IsModified(design.Root()));
+    EXPECT_FALSE(design.Object("ORNCST_1")->m_wFlags & HOSTFLAG_EDITED);
+
+    design.Edit("ORNCST_1*Buzzer=0");
+    EXPECT_TRUE(a_IsModified(design.Root()));
+}
+
