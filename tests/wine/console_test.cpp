@@ -251,11 +251,11 @@ TEST(Console, SavesControlPropertyAndConnectionLines)
     std::string raw;
     const std::vector<std::string> lines = design.SavedLines(&raw);
     ASSERT_FALSE(lines.empty());
-    EXPECT_EQ(lines[0], "Site*Floor1*control=0x00000000 DOVRIXC \"Desk\" 0x56000000 10,20,48x56");
+    EXPECT_EQ(lines[0], "Site*Floor1*control=0x00000000 DOVRIXC \"Desk\" 0x56000000 10,20,74x57");
     EXPECT_TRUE(Contains(lines, "Site*Floor1*Desk*name=A"));
     EXPECT_LT(IndexOf(lines, "Site*Floor1*Desk*FaultMask1=1"), IndexOf(lines, "Site*Floor1*Desk*FaultMask10=1"));
     EXPECT_LT(IndexOf(lines, "Site*Floor1*Desk*FaultMask10=1"), IndexOf(lines, "Site*Floor1*Desk*FaultMask2=1"));
-    EXPECT_TRUE(Contains(lines, "control=0x00000000 DOVRIXC \"ORNCST_1\" 0x56000000 40,40,48x56"));
+    EXPECT_TRUE(Contains(lines, "control=0x00000000 DOVRIXC \"ORNCST_1\" 0x56000000 40,40,74x57"));
     // Pass 1 comes after every object's pass 0.
     EXPECT_EQ(lines[lines.size() - 2], "Site*Floor1*Desk*connection=");
     EXPECT_EQ(lines.back(), "ORNCST_1*connection=");

@@ -208,9 +208,9 @@ TEST(Workbench, ObjectsMoveOnlyWhileTheDesignIsEdited)
     const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
     EXPECT_EQ(run.exitCode, 0u) << run.err;
     const std::string design = ReadFileBytes(saved);
-    EXPECT_NE(design.find("control=0x00000000 DOVRIXC \"ORNCST_1\" 0x56000000 70,60,48x56\r\n"), std::string::npos);
+    EXPECT_NE(design.find("control=0x00000000 DOVRIXC \"ORNCST_1\" 0x56000000 70,60,74x57\r\n"), std::string::npos);
     EXPECT_NE(design.find("control=0x00000000 ORNCON \"ORNCON_1\" 0x54000000 45,155,150x40\r\n"), std::string::npos);
-    EXPECT_NE(design.find("control=0x00000000 DOVRIXC \"ELKCST_2\" 0x56000000 240,40,48x56\r\n"), std::string::npos);
+    EXPECT_NE(design.find("control=0x00000000 DOVRIXC \"ELKCST_2\" 0x56000000 240,40,74x57\r\n"), std::string::npos);
 }
 
 TEST(Workbench, WidgetPageDrivesTheConsole)
