@@ -84,10 +84,10 @@ int PriorityHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     if (IsRead(r, REQTYPE_TEXT))
         return AnswerText(r, "%d", c->m_settings.priority);
     int priority = 0;
-    if (!IsWrite(r, REQTYPE_TEXT) || c->IsOnline() || !ScanLeadingInt(TextOf(r), &priority) || priority < 0 ||
-        priority > INT16_MAX)
+    if (!IsWrite(r, REQTYPE_TEXT) || c->IsOnline() || !ScanLeadingInt(TextOf(r), &priority))
         return 0;
-    c->m_settings.priority = (int16_t)priority;
+    // Any number is taken; the device's field keeps its low 16 bits.
+    c->m_settings.priority = (int16_t)(uint16_t)(unsigned)priority;
     return 1;
 }
 

@@ -340,3 +340,11 @@ TEST(Console, AFreshlyOpenedDesignIsUnchanged)
     EXPECT_TRUE(a_IsModified(design.Root()));
 }
 
+// A value longer than the line buffer is handed on cut to it, not refused.
+TEST(Console, AVeryLongValueKeepsWhatFits)
+{
+    TESTDESIGN design;
+    design.Load({kConsole, "ORNCST_1*name=" + std::string(5000, 'n')});
+    EXPECT_EQ(design.Get("ORNCST_1", "name"), std::string(128, 'n'));
+    EXPECT_TRUE(design.Output().empty());
+}
