@@ -486,3 +486,27 @@ TEST_F(ConsoleView, ScrollingMovesThePictureAndItsHeader)
     ASSERT_NE(plainName, nullptr);
     EXPECT_FALSE(GetWindowLongA(plainName, GWL_STYLE) & WS_VISIBLE);
 }
+
+// The header's widgets are bound to the console: the name field shows its name.
+TEST_F(ConsoleView, TheHeaderShowsTheConsolesName)
+{
+    design.Edit("ORNCST_1*name=Reception");
+    HWND other = CreateWindowExA(0, "DOVRIXCONSOLEVIEW", "", WS_CHILD | WS_VISIBLE, 18, 26, 505, 435, frame, NULL, NULL,
+                                 console);
+    ASSERT_NE(other, nullptr);
+    HWND name = NULL;
+    for (HWND child = GetWindow(other, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        char className[32] = "";
+        GetClassNameA(child, className, sizeof className);
+        if (strcmp(className, "BEDIT") == 0)
+            name = child;
+    }
+    ASSERT_NE(name, nullptr);
+    HOSTINFO* widget = reinterpret_cast<HOSTINFO*>(SendMessageA(name, WM_HOST_GETHOSTINFO, 0, 0));
+    EXPECT_NE(widget, nullptr);
+    EXPECT_EQ(widget, reinterpret_cast<HOSTINFO*>(GetWindowLongPtrA(name, GWLP_USERDATA)));
+    char text[256] = "";
+    ASSERT_TRUE(a_GetControlText(name, text, sizeof text));
+    EXPECT_STREQ(text, "Reception");
+    DestroyWindow(other);
+}
