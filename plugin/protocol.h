@@ -41,6 +41,11 @@ enum CONFIGURATIONMESSAGE : UINT {
     CFM_SELECTBYNAME = WM_USER + 21,   // to the manager tree: lParam a console's name
 };
 
+// The device canvas.
+enum CANVASMESSAGE : UINT {
+    DCM_LINESLOADED = WM_USER + 30,    // posted to itself: the design file's lines are all in
+};
+
 // The key-function editor pages (user messages 13 and 17).
 enum KEYPAGEMESSAGE : UINT {
     KPM_KEYEDITED = WM_USER + 13,      // to the console view: lParam the key number (1037)

@@ -9,6 +9,7 @@
 
 const char kAddAlarmId[] = "Matrix.AddAlarmID";
 const char kRemoveAlarmId[] = "Matrix.RemoveAlarmID";
+const char kProjectVersion[] = "projectversion";
 
 std::vector<DESIGN*>& OpenDesigns()
 {
@@ -52,6 +53,21 @@ bool DESIGN::SetVariable(const std::string& name, const std::string& value)
     }
     variables.emplace_back(name, value);
     return true;
+}
+
+std::vector<std::pair<std::string, std::string>> DESIGN::SavedVariables() const
+{
+    std::vector<std::pair<std::string, std::string>> saved = variables;
+    if (hostVersion.empty())
+        return saved;
+    const auto loaded = std::find_if(saved.begin(), saved.end(), [](const std::pair<std::string, std::string>& v) {
+        return v.first == kProjectVersion;
+    });
+    if (loaded != saved.end())
+        loaded->second = hostVersion;
+    else
+        saved.insert(saved.begin(), std::make_pair(std::string(kProjectVersion), hostVersion));
+    return saved;
 }
 
 LRESULT DESIGN::OnLoad(WPARAM mode, LPARAM line)
@@ -148,6 +164,31 @@ void a_DestroyDesign(HOSTINFO* root)
     auto& designs = OpenDesigns();
     designs.erase(std::remove(designs.begin(), designs.end(), design), designs.end());
     delete design;
+}
+
+BOOL a_SetHostProjectVersion(HOSTINFO* root, LPCSTR version)
+{
+    DESIGN* design = FindDesign(root);
+    if (!design || !version)
+        return FALSE;
+    design->hostVersion = version;
+    return TRUE;
+}
+
+void a_FinishLoading(HOSTINFO* root)
+{
+    DESIGN* design = FindDesign(root);
+    if (!design)
+        return;
+    // Only the objects' own notices (WM_USER and up): no timer or paint runs here.
+    const std::vector<HOSTINFO*> objects = design->objects;
+    for (HOSTINFO* obj : objects) {
+        MSG msg;
+        while (obj->m_hWnd && IsWindow(obj->m_hWnd) && PeekMessageA(&msg, obj->m_hWnd, WM_USER, 0xFFFF, PM_REMOVE))
+            DispatchMessageA(&msg);
+    }
+    for (HOSTINFO* obj : design->objects)
+        obj->m_wFlags &= (WORD)~HOSTFLAG_EDITED;
 }
 
 BOOL a_SetVariable(HOSTINFO* root, LPCSTR name, LPCSTR value)

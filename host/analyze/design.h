@@ -25,12 +25,15 @@ public:
     void AppendOutput(const char* line);
     LRESULT ChangeAlarmSources(REQUEST* request, bool add);
     bool SetVariable(const std::string& name, const std::string& value);
+    // The host lines as saved: "projectversion" first in the host's own version.
+    std::vector<std::pair<std::string, std::string>> SavedVariables() const;
 
     HWND surface;
     HWND outputWindow;
     std::vector<HOSTINFO*> objects;  // in creation order: the order of saving
     CHashTable byName;               // objects that told the host they exist
     std::vector<std::pair<std::string, std::string>> variables;
+    std::string hostVersion;         // the host's project version; empty: save as loaded
     std::vector<std::string> output;
     HOSTINFO* selection = nullptr;   // the object the user selected
     WORD mode = 0;                   // the objects' mode word: 0 run, 1 design

@@ -162,6 +162,7 @@ BOOL a_LoadFile(HOSTINFO* root, LPCSTR path)
         LoadOneLine(design, content.data() + start, end - start, REQMODE_DESIGNFILE, source);
         start = end + 1;
     }
+    a_FinishLoading(design);
     return TRUE;
 }
 
@@ -184,7 +185,7 @@ BOOL a_SaveFile(HOSTINFO* root, LPCSTR path)
         return FALSE;
     }
     bool ok = true;
-    for (const auto& variable : design->variables)
+    for (const auto& variable : design->SavedVariables())
         ok = WriteText(file, variable.first + "=" + variable.second + "\r\n") && ok;
     // Objects may reorder the list while saving (none should): iterate a copy.
     const std::vector<HOSTINFO*> objects = design->objects;

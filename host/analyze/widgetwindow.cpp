@@ -230,6 +230,8 @@ LRESULT CALLBACK WidgetWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lP
         return 0;
     case WM_ERASEBKGND:
         return 1;
+    case WM_HOST_GETHOSTINFO:
+        return (LRESULT)static_cast<HOSTINFO*>(w);
     case WM_TIMER:
         w->ReadBoundValue();
         return 0;

@@ -16,8 +16,17 @@ ANALYZE_API HOSTINFO* a_CreateDesign(HWND surface, HWND output);
 ANALYZE_API void a_DestroyDesign(HOSTINFO* root);
 // Hands one design-file line to the design (mode 1 when it comes from a file).
 ANALYZE_API BOOL a_LoadLine(HOSTINFO* root, LPCSTR line, int mode);
+// Ends the loading of a design file (a_LoadFile does it): each object's
+// window handles what the object posted itself while its lines came in, then
+// the edited marks that loading left (connecting re-sends settings as edits)
+// are cleared, since the user has changed nothing yet.
+ANALYZE_API void a_FinishLoading(HOSTINFO* root);
 // Writes the design: host lines, then pass 0 and pass 1 of every object.
+// "projectversion" is written as the host's own version when one is set.
 ANALYZE_API BOOL a_SaveFile(HOSTINFO* root, LPCSTR path);
+// The project version of the host application (for example "V 3.9.0"): a
+// design is saved in it, whatever version it was read in.
+ANALYZE_API BOOL a_SetHostProjectVersion(HOSTINFO* root, LPCSTR version);
 // Calls visit for every object of every open design in creation order until
 // it answers FALSE. Returns FALSE when the walk was stopped.
 typedef BOOL (*HOSTINFOVISITOR)(HOSTINFO* obj, void* context);

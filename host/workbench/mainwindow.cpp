@@ -3,6 +3,8 @@
 #include <commctrl.h>
 #include <commdlg.h>
 
+#include "saveprompt.h"
+
 #include "../../base/text.h"
 #include "../../base/window.h"
 #include "../../base/banned.h"
@@ -16,6 +18,7 @@ const int kOutputHeight = 140;
 const int kPropertiesWidth = 320;
 
 enum {
+    IDM_NEW = 99,
     IDM_OPEN = 100,
     IDM_SAVE,
     IDM_SAVEAS,
@@ -39,6 +42,7 @@ struct FRAME {
 HMENU BuildMenu()
 {
     HMENU file = CreatePopupMenu();
+    AppendMenuA(file, MF_STRING, IDM_NEW, "&New");
     AppendMenuA(file, MF_STRING, IDM_OPEN, "&Open...");
     AppendMenuA(file, MF_STRING, IDM_SAVE, "&Save");
     AppendMenuA(file, MF_STRING, IDM_SAVEAS, "Save &As...");
@@ -131,6 +135,20 @@ bool AskForFile(HWND hwnd, bool save, char* path, DWORD size)
     return save ? GetSaveFileNameA(&ofn) != 0 : GetOpenFileNameA(&ofn) != 0;
 }
 
+// File > Save: to the design's file, or to one the user picks for a new design.
+bool SaveToFile(HWND hwnd, WORKBENCH* bench, bool askForName)
+{
+    if (!askForName && !bench->designPath.empty())
+        return SaveDesign(bench, bench->designPath.c_str());
+    char path[MAX_PATH] = "";
+    return AskForFile(hwnd, true, path, sizeof path) && SaveDesign(bench, path);
+}
+
+bool SaveBeforeDropping(HWND hwnd, WORKBENCH* bench)
+{
+    return SaveToFile(hwnd, bench, false);
+}
+
 // The simulated device of the selected console.
 void Frame_Device(HWND hwnd, WORKBENCH* bench, int id)
 {
@@ -162,25 +180,23 @@ void Frame_Command(HWND hwnd, FRAME* frame, int id)
     WORKBENCH* bench = frame->bench;
     char path[MAX_PATH] = "";
     switch (id) {
+    case IDM_NEW:
+        if (ConfirmDropDesign(hwnd, bench, SaveBeforeDropping))
+            NewDesign(bench);
+        break;
     case IDM_OPEN:
-        if (AskForFile(hwnd, false, path, sizeof path)) {
+        if (ConfirmDropDesign(hwnd, bench, SaveBeforeDropping) && AskForFile(hwnd, false, path, sizeof path)) {
             ShowProperties(bench->properties, nullptr);
             OpenDesign(bench, path);
         }
         break;
     case IDM_SAVE:
-        if (!bench->designPath.empty()) {
-            SaveDesign(bench, bench->designPath.c_str());
-            break;
-        }
-        // A new design has no file yet: ask for one.
-        [[fallthrough]];
     case IDM_SAVEAS:
-        if (AskForFile(hwnd, true, path, sizeof path))
-            SaveDesign(bench, path);
+        SaveToFile(hwnd, bench, id == IDM_SAVEAS);
         break;
     case IDM_EXIT:
-        DestroyWindow(hwnd);
+        if (ConfirmDropDesign(hwnd, bench, SaveBeforeDropping))
+            DestroyWindow(hwnd);
         return;
     case IDM_DESIGNMODE: {
         const bool designing = !(GetMenuState(GetMenu(hwnd), IDM_DESIGNMODE, MF_BYCOMMAND) & MF_CHECKED);
@@ -238,6 +254,10 @@ LRESULT CALLBACK FrameWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
         return Frame_Notify(frame, reinterpret_cast<NMHDR*>(lParam));
     case WM_TIMER:
         Frame_Timer(frame);
+        return 0;
+    case WM_CLOSE:
+        if (ConfirmDropDesign(hwnd, frame->bench, SaveBeforeDropping))
+            DestroyWindow(hwnd);
         return 0;
     case WM_DESTROY:
         KillTimer(hwnd, kHostTimer);

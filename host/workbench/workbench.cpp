@@ -7,6 +7,10 @@
 #include "../../base/text.h"
 #include "../../base/banned.h"
 
+// The version of the projects this workbench writes: an older design is
+// migrated once when it is read and saved as a current one.
+const char kWorkbenchProjectVersion[] = "V 3.9.0";
+
 namespace {
 
 BOOL TickObject(HOSTINFO* obj, void*)
@@ -71,6 +75,7 @@ void NewDesign(WORKBENCH* bench)
     if (bench->output)
         SetWindowTextA(bench->output, "");
     bench->design = a_CreateDesign(bench->surface, bench->output);
+    a_SetHostProjectVersion(bench->design, kWorkbenchProjectVersion);
     a_SetDesignMode(bench->design, bench->designMode ? 1 : 0);
     bench->designPath.clear();
 }

@@ -61,6 +61,7 @@ const UINT kDeleteCommand = 1000;
 // Loads the simulated controllers from the workbench's folder, then the
 // plug-in DLL, and finds its fnCallback. False with a message on stderr.
 bool LoadPlugin(WORKBENCH* bench, const char* path);
+extern const char kWorkbenchProjectVersion[];
 // Starts a new empty design on bench->surface / bench->output, dropping the old one.
 void NewDesign(WORKBENCH* bench);
 bool OpenDesign(WORKBENCH* bench, const char* path);

@@ -18,14 +18,21 @@ BOOL SendConnection(LPCSTR, void* widget, void* text)
     return TRUE;
 }
 
-}  // namespace
+HOSTINFO* AskedWidgetObject(HWND widget)
+{
+    return widget && IsWindow(widget) ? reinterpret_cast<HOSTINFO*>(SendMessageA(widget, WM_HOST_GETHOSTINFO, 0, 0))
+                                      : nullptr;
+}
 
-HWND CreateHostWidget(HOSTINFO* owner, HWND parent, const char* line, std::initializer_list<const char*> attributes)
+HWND CreateWidget(HOSTINFO* owner, HWND parent, const char* line, std::initializer_list<const char*> attributes,
+                  HOSTINFO* (*objectOf)(HWND), HOSTINFO** object)
 {
     char buffer[4096] = {};
     CopyText(buffer, line);
     HWND widget = a_CreateControl(1, owner, parent, buffer);
-    HOSTINFO* obj = WidgetObject(widget);
+    HOSTINFO* obj = objectOf(widget);
+    if (object)
+        *object = obj;
     if (!obj)
         return widget;
     for (const char* attribute : attributes) {
@@ -34,6 +41,19 @@ HWND CreateHostWidget(HOSTINFO* owner, HWND parent, const char* line, std::initi
         obj->OnLoad(0, (LPARAM)text);
     }
     return widget;
+}
+
+}  // namespace
+
+HWND CreateHostWidget(HOSTINFO* owner, HWND parent, const char* line, std::initializer_list<const char*> attributes)
+{
+    return CreateWidget(owner, parent, line, attributes, WidgetObject, nullptr);
+}
+
+HWND CreatePanelWidget(HOSTINFO* owner, HWND parent, const char* line, std::initializer_list<const char*> attributes,
+                       HOSTINFO** object)
+{
+    return CreateWidget(owner, parent, line, attributes, AskedWidgetObject, object);
 }
 
 void BindPage(HOSTINFO* owner, const char* objectName)

@@ -130,16 +130,16 @@ void View_Destroy(HWND hwnd, CONSOLEVIEW* view)
     FreeWindowState<CONSOLEVIEW>(hwnd);
 }
 
-void SelectKey(HWND hwnd, CONSOLEVIEW* view, int key, bool add)
+// In edit mode a click adds a key to the selection; the key menu alone
+// makes one key the only selected one.
+void SelectKey(HWND hwnd, CONSOLEVIEW* view, int key)
 {
-    if (!add)
-        view->selection.clear();
     if (std::find(view->selection.begin(), view->selection.end(), key) == view->selection.end())
         view->selection.push_back(key);
     InvalidateRect(hwnd, NULL, TRUE);
 }
 
-void View_ButtonDown(HWND hwnd, CONSOLEVIEW* view, WPARAM wParam, LPARAM lParam)
+void View_ButtonDown(HWND hwnd, CONSOLEVIEW* view, LPARAM lParam)
 {
     if (view->editor && IsWindow(view->editor))
         SendMessageA(view->editor, WM_KILLFOCUS, 0, 0);
@@ -156,7 +156,7 @@ void View_ButtonDown(HWND hwnd, CONSOLEVIEW* view, WPARAM wParam, LPARAM lParam)
         return;
     }
     if (key) {
-        SelectKey(hwnd, view, key->id, (wParam & MK_CONTROL) != 0);
+        SelectKey(hwnd, view, key->id);
         return;
     }
     const POINT at = ContentPoint(view, lParam);
@@ -299,26 +299,21 @@ LRESULT View_Command(HWND hwnd, CONSOLEVIEW* view, WPARAM wParam, LPARAM lParam)
     }
 }
 
+// As the user asks, unclamped: the scroll bar keeps its thumb within range.
 void View_Scroll(HWND hwnd, CONSOLEVIEW* view, WPARAM wParam)
 {
-    SCROLLINFO info = {};
-    info.cbSize = sizeof info;
-    info.fMask = SIF_ALL;
-    GetScrollInfo(hwnd, SB_HORZ, &info);
     int position = view->scrollPosition;
     switch (LOWORD(wParam)) {
     case SB_LINELEFT:
     case SB_PAGELEFT: position -= kScrollStep; break;
     case SB_LINERIGHT:
     case SB_PAGERIGHT: position += kScrollStep; break;
-    case SB_THUMBPOSITION: position = HIWORD(wParam); break;
-    case SB_THUMBTRACK: position = info.nTrackPos; break;  // all 32 bits while dragging
+    case SB_THUMBPOSITION:
+    case SB_THUMBTRACK: position = HIWORD(wParam); break;
     case SB_LEFT: position = 0; break;
     case SB_RIGHT: position = kScrollRightEnd; break;
     default: return;
     }
-    const int last = std::max(0, info.nMax - (int)info.nPage + 1);
-    position = std::max(0, std::min(position, last));
     if (view->editor && IsWindow(view->editor))
         SendMessageA(view->editor, WM_KILLFOCUS, 0, 0);
     view->editor = NULL;
@@ -412,7 +407,7 @@ LRESULT View_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
         View_MouseMove(hwnd, view, lParam);
         return 0;
     case WM_LBUTTONDOWN:
-        View_ButtonDown(hwnd, view, wParam, lParam);
+        View_ButtonDown(hwnd, view, lParam);
         return 0;
     case WM_LBUTTONUP:
         View_ButtonUp(hwnd, view, lParam);

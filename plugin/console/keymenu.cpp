@@ -91,14 +91,10 @@ bool ReadClipboardKey(HWND hwnd, std::string* record)
     return found;
 }
 
-// The function a record sets, or -1 when its text names none ("Empty" is 0).
+// The function a record sets; a name the catalogue does not know is "Empty" (0).
 int32_t PastedFunction(const std::string& record)
 {
-    const std::string name = record.substr(0, record.find(','));
-    const int32_t id = KeyFunctionId(name.c_str());
-    if (id == 0 && _stricmp(name.c_str(), KeyFunctionName(0)) != 0)
-        return -1;
-    return id;
+    return KeyFunctionId(record.substr(0, record.find(',')).c_str());
 }
 
 void PasteKey(HWND hwnd, CONSOLEVIEW* view, int key)
@@ -111,10 +107,7 @@ void PasteKey(HWND hwnd, CONSOLEVIEW* view, int key)
         Trace("DOVRIXC: \"System Faults\" cannot sit on key %d of this console\n", key);
         return;
     }
-    if (function < 0) {
-        Trace("DOVRIXC: the clipboard holds no key record: %.40s\n", record.c_str());
-        return;
-    }
+    // Any other record loads as a design line does: an unknown name empties the key.
     const std::string line = FormatString("key%03d=", key) + record;
     view->console->LoadEdit(line.c_str());
 }

@@ -180,30 +180,31 @@ void CreateHeaderControls(HWND hwnd, CONSOLEVIEW* view)
     CONSOLEPROPERTIES* c = view->console;
     const int dx = view->frame.rightOffset - view->frame.leftMargin;
     const int dy = view->frame.bottomOffset - view->frame.topMargin;
+    HOSTINFO* widgets[HEADER_FIND + 1] = {};
     char line[128];
     FormatText(line, sizeof line, "0x00000000 LED \"online\" 0x50000000 %d,%d,11x11", 179 + dx, 142 + dy);
-    view->header[HEADER_ONLINE] =
-        CreateHostWidget(c, hwnd, line, {"bitmap=.\\templates\\Userpanel\\online.bmp", "function=online"});
+    view->header[HEADER_ONLINE] = CreatePanelWidget(
+        c, hwnd, line, {"bitmap=.\\templates\\Userpanel\\online.bmp", "function=online"}, &widgets[HEADER_ONLINE]);
     FormatText(line, sizeof line, "0x00000000 BEDIT \"name\" 0x50000000 %d,%d,100x15", 72 + dx, 142 + dy);
     view->header[HEADER_NAME] =
-        CreateHostWidget(c, hwnd, line,
-                         {"backgroundcolor=0x00cbcbcb", "textcolor=0x00ffffff", "caption=", "font=ms sans serif,8",
-                          "function=name", "interval=2000"});
+        CreatePanelWidget(c, hwnd, line,
+                          {"backgroundcolor=0x00cbcbcb", "textcolor=0x00ffffff", "caption=", "font=ms sans serif,8",
+                           "function=name", "interval=2000"},
+                          &widgets[HEADER_NAME]);
     FormatText(line, sizeof line, "0x00000000 BTRISTATEBUTTON \"find\" 0x50000000 %d,%d,16x16", 72 + dx, 179 + dy);
-    view->header[HEADER_FIND] = CreateHostWidget(
-        c, hwnd, line, {"bitmap=.\\templates\\Userpanel\\id.bmp", "caption=ID", "font=ms sans serif,8", "function=Find"});
+    view->header[HEADER_FIND] = CreatePanelWidget(
+        c, hwnd, line, {"bitmap=.\\templates\\Userpanel\\id.bmp", "caption=ID", "font=ms sans serif,8", "function=Find"},
+        &widgets[HEADER_FIND]);
     view->header[HEADER_PICTURE] =
         CreateWindowExA(0, "STATIC", "StatLabel", 0x5000000E, 69 + dx, 171 + dy, 52, 21, hwnd, NULL,
                         ModuleInstance(), NULL);
     view->pictureBitmap.Reset(LoadBitmapA(ModuleInstance(), MAKEINTRESOURCEA(IDB_ZELLOGO)));
-    // The page's widgets show the console they sit on.
+    // The page's one connection line: the widgets show the console they sit on.
     char connection[HOSTNAME_SIZE + 16];
     FormatText(connection, sizeof connection, "connection=%s", c->m_szName);
-    for (int i = HEADER_ONLINE; i <= HEADER_FIND; i++) {
-        HOSTINFO* widget = view->header[i] ? (HOSTINFO*)SendMessageA(view->header[i], WM_HOST_GETHOSTINFO, 0, 0) : nullptr;
+    for (HOSTINFO* widget : widgets)
         if (widget)
             widget->OnLoad(0, (LPARAM)connection);
-    }
 }
 
 // The toolbar stands in the view's frame, above the picture; its buttons

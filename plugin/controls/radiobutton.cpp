@@ -97,17 +97,28 @@ void Radio_MouseMove(HWND hwnd, RADIOBUTTON* b, LPARAM lParam)
     Repaint(hwnd);
 }
 
-// Unchecks the other buttons of the dialog group the button belongs to.
+bool StartsGroup(HWND window)
+{
+    return (GetWindowLongA(window, GWL_STYLE) & WS_GROUP) != 0;
+}
+
+// Unchecks the other buttons of the dialog group the button belongs to: the
+// siblings from the last WS_GROUP window up to the next one, disabled and
+// hidden ones included (GetNextDlgGroupItem would skip those).
 void UncheckGroup(HWND hwnd)
 {
-    HWND parent = GetParent(hwnd);
-    HWND first = GetNextDlgGroupItem(parent, hwnd, FALSE);
-    for (HWND other = first; other;) {
+    HWND first = hwnd;
+    while (!StartsGroup(first)) {
+        HWND previous = GetWindow(first, GW_HWNDPREV);
+        if (!previous)
+            break;
+        first = previous;
+    }
+    for (HWND other = first; other; other = GetWindow(other, GW_HWNDNEXT)) {
+        if (other != first && StartsGroup(other))
+            break;
         if (other != hwnd)
             SendMessageA(other, RBM_SETSTATE, RADIO_NORMAL, 0);
-        other = GetNextDlgGroupItem(parent, other, FALSE);
-        if (other == first)
-            break;
     }
 }
 

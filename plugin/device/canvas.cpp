@@ -312,6 +312,9 @@ LRESULT Canvas_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
         if (lParam == IDM_CANVAS_CONFIGURATION)
             Canvas_OpenConfiguration(c);
         return 0;
+    case DCM_LINESLOADED:
+        c->CheckAudioInputs();
+        return 0;
     case CFM_CONSOLERENAMED:
         return c->m_hConfiguration ? SendMessageA(c->m_hConfiguration, message, wParam, lParam) : 0;
     case WM_TIMER:

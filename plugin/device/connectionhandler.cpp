@@ -132,7 +132,8 @@ int ReadConnection(REQUEST* r, CONSOLEPROPERTIES* c)
         return 0;
     }
     const CONNECTIONTEXT parts = SplitConnection(first->item.text);
-    HOSTINFO* target = first->target ? first->target : a_FindHostinfo(parts.controller.c_str());
+    // By name: the entry's target may be an object the user has deleted since.
+    HOSTINFO* target = a_FindHostinfo(parts.controller.c_str());
     if (!target)
         return 0;
     char* text = TextOf(r);

@@ -40,7 +40,7 @@ CONSOLEPROPERTIES* AsConsole(HOSTINFO* obj)
 CONSOLEPROPERTIES::CONSOLEPROPERTIES()
     : m_keys(), m_numericKeys(), m_optionStates(), m_model(MODEL_ELK_15CST), m_masterFault(0), m_online(0), m_lastPoll(0),
       m_pPartner(nullptr), m_oldProject(false), m_migrationDone(false), m_hConfiguration(NULL), m_hConsoleView(NULL), m_ledStates(), m_slot(0), m_faultLed(0),
-      m_reportFaultsCache(0)
+      m_reportFaultsCache(0), m_audioCheckDue(false)
 {
     m_szDisplayName[0] = '\0';
 }
@@ -92,7 +92,8 @@ LRESULT CONSOLEPROPERTIES::OnLoad(WPARAM mode, LPARAM lParam)
     char key[kLineSize];
     char value[kLineSize];
     a_GetKeyword(line, key, sizeof key);
-    const bool valueFits = a_GetParameter(line, value, sizeof value);
+    // A longer value is handed on cut to the buffer; its handler keeps what fits.
+    a_GetParameter(line, value, sizeof value);
 
     if (m_oldProject && mode == REQMODE_DESIGNFILE) {
         m_migrationDone = true;
@@ -111,8 +112,7 @@ LRESULT CONSOLEPROPERTIES::OnLoad(WPARAM mode, LPARAM lParam)
         return 0;
     }
     REQUEST request = {REQ_WRITE, index, REQTYPE_TEXT, (int32_t)mode, value, nullptr, nullptr};
-    // A value cut short by its buffer is refused whole rather than stored cut.
-    if (!valueFits || !entry.handler(&request, this)) {
+    if (!entry.handler(&request, this)) {
         EDITTRACE(m_pHost ? m_pHost : this, "Error reading line %s", key);
         return 0;
     }

@@ -30,6 +30,12 @@ public:
     void MarkEdited();
     // Tells the console view, when one is open.
     void NotifyConsoleView(UINT message, WPARAM wParam, LPARAM lParam);
+    // A talk key must use an audio input the console's model has. The design
+    // file names the model after the keys, so loading only notes that the
+    // check is due and the canvas runs it once the lines are all in; an edit
+    // of a key or of the model checks at once.
+    void AudioInputsDue(WPARAM mode);
+    void CheckAudioInputs();
     // The frame the PTT key shows on the fronts: 2 while its LED is lit, else 1.
     int GlobalIndicatorState() const;
 
@@ -51,6 +57,7 @@ public:
     int32_t m_slot;               // the port's slot, as last read
     int32_t m_faultLed;           // canvas poll caches
     uint8_t m_reportFaultsCache;
+    bool m_audioCheckDue;         // posted DCM_LINESLOADED not yet handled
 
 private:
     CONSOLEPROPERTIES(const CONSOLEPROPERTIES&);

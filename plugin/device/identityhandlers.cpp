@@ -48,6 +48,7 @@ int TypeHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     if (model < 0 && !(ParseInt(TextOf(r), &model) && model >= 0 && model < MODEL_COUNT))
         return 0;
     c->m_model = model;
+    c->AudioInputsDue((WPARAM)r->mode);
     c->RefreshCanvas(true);
     c->NotifyConsoleView(CVM_CONSOLECHANGED, 0, 0);
     return 1;
@@ -83,10 +84,10 @@ int PriorityHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     if (IsRead(r, REQTYPE_TEXT))
         return AnswerText(r, "%d", c->m_settings.priority);
     int priority = 0;
-    if (!IsWrite(r, REQTYPE_TEXT) || c->IsOnline() || !ScanLeadingInt(TextOf(r), &priority) || priority < 0 ||
-        priority > INT16_MAX)
+    if (!IsWrite(r, REQTYPE_TEXT) || c->IsOnline() || !ScanLeadingInt(TextOf(r), &priority))
         return 0;
-    c->m_settings.priority = (int16_t)priority;
+    // Any number is taken; the device's field keeps its low 16 bits.
+    c->m_settings.priority = (int16_t)(uint16_t)(unsigned)priority;
     return 1;
 }
 

@@ -6,6 +6,7 @@
 #include "handlerkit.h"
 #include "handlers.h"
 #include "partner.h"
+#include "../protocol.h"
 #include "../keys/keycatalogue.h"
 #include "../console/consoleview.h"
 #include "../console/keygeometry.h"
@@ -54,7 +55,10 @@ int SlotHandler(REQUEST* r, CONSOLEPROPERTIES* c, KEYSLOT* slot)
     if (!IsWrite(r, REQTYPE_TEXT))
         return 0;
     ParseKeyRecord(TextOf(r), slot);
-    CheckAudioInput(c, slot);
+    if (r->mode == REQMODE_DESIGNFILE)
+        c->AudioInputsDue(r->mode);
+    else
+        CheckAudioInput(c, slot);
     return 1;
 }
 
@@ -96,6 +100,31 @@ int PagingListHandler(REQUEST* r, CONSOLEPROPERTIES* c)
         }
     }
     return 1;
+}
+
+void CONSOLEPROPERTIES::AudioInputsDue(WPARAM mode)
+{
+    if (mode != REQMODE_DESIGNFILE) {
+        CheckAudioInputs();
+        return;
+    }
+    if (m_audioCheckDue)
+        return;
+    // Without a window nothing would deliver the notice: check now.
+    if (!m_hWnd || !PostMessageA(m_hWnd, DCM_LINESLOADED, 0, 0)) {
+        CheckAudioInputs();
+        return;
+    }
+    m_audioCheckDue = true;
+}
+
+void CONSOLEPROPERTIES::CheckAudioInputs()
+{
+    m_audioCheckDue = false;
+    for (KEYSLOT& slot : m_keys)
+        CheckAudioInput(this, &slot);
+    for (KEYSLOT& slot : m_numericKeys)
+        CheckAudioInput(this, &slot);
 }
 
 int KeyHandler(REQUEST* r, CONSOLEPROPERTIES* c, int key)

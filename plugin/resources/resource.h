@@ -3,6 +3,7 @@
 #pragma once
 
 // Small console faces (type "SMALLCONSOLE"), drawn on the device canvas.
+#define IDR_SMALLCONSOLE_103 103
 #define IDR_SMALLCONSOLE_ORN 106
 #define IDR_SMALLCONSOLE_148 148
 #define IDR_SMALLCONSOLE_160 160

@@ -99,13 +99,34 @@ TEST(Canvas, ModelAndSizeFollowTheName)
     EXPECT_EQ(design.Get("ELKCST_2", "type"), "ELK-15CST");
     EXPECT_EQ(design.Get("Site*ORNCST_3", "type"), "ELK-15CST");
     HOSTINFO* console = design.Object("ORNCST_1");
-    EXPECT_EQ(console->m_rect.right - console->m_rect.left, 48);  // the face image's size, not the host's 20x20
-    EXPECT_EQ(console->m_rect.bottom - console->m_rect.top, 56);
+    EXPECT_EQ(console->m_rect.right - console->m_rect.left, 74);  // the face image's size, not the host's 20x20
+    EXPECT_EQ(console->m_rect.bottom - console->m_rect.top, 57);
+    RECT client;
+    GetClientRect(design.Object("ELKCST_2")->m_hWnd, &client);
+    EXPECT_EQ(client.right, 74);
+    EXPECT_EQ(client.bottom, 57);
     EXPECT_EQ(console->m_nHostField500, 500);
     char display[REQUEST_TEXT_SIZE] = "";
     EXPECT_EQ(SendMessageA(console->m_hWnd, WM_HOST_GETDISPLAYTEXT, 0, (LPARAM)display), (LRESULT)display);
     EXPECT_STREQ(display, "Untitled (ORNCST_1)");
     EXPECT_EQ((HOSTINFO*)SendMessageA(console->m_hWnd, WM_HOST_GETHOSTINFO, 0, 0), console);
+}
+
+// The faces' sizes, from the PNG header of each "SMALLCONSOLE" resource.
+TEST(Canvas, FacesHaveTheSizesOfTheSmallConsoleTable)
+{
+    const struct {
+        int id, width, height;
+    } faces[] = {{103, 54, 55}, {106, 74, 57}, {148, 5, 5}, {160, 5, 5}, {188, 74, 59}, {194, 74, 57}};
+    for (const auto& face : faces) {
+        HRSRC resource = FindResourceA(Plugin(), MAKEINTRESOURCEA(face.id), "SMALLCONSOLE");
+        ASSERT_NE(resource, nullptr) << face.id;
+        ASSERT_GE(SizeofResource(Plugin(), resource), 24u);
+        const unsigned char* png = static_cast<const unsigned char*>(LockResource(LoadResource(Plugin(), resource)));
+        const auto bigEndian = [png](int at) { return (png[at] << 24) | (png[at + 1] << 16) | (png[at + 2] << 8) | png[at + 3]; };
+        EXPECT_EQ(bigEndian(16), face.width) << face.id;
+        EXPECT_EQ(bigEndian(20), face.height) << face.id;
+    }
 }
 
 TEST(Canvas, FaceShowsAddressAndOnlineState)

@@ -7,6 +7,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <fstream>
 #include "../../plugin/device/consoleproperties.h"
 
 namespace {
@@ -250,11 +251,11 @@ TEST(Console, SavesControlPropertyAndConnectionLines)
     std::string raw;
     const std::vector<std::string> lines = design.SavedLines(&raw);
     ASSERT_FALSE(lines.empty());
-    EXPECT_EQ(lines[0], "Site*Floor1*control=0x00000000 DOVRIXC \"Desk\" 0x56000000 10,20,48x56");
+    EXPECT_EQ(lines[0], "Site*Floor1*control=0x00000000 DOVRIXC \"Desk\" 0x56000000 10,20,74x57");
     EXPECT_TRUE(Contains(lines, "Site*Floor1*Desk*name=A"));
     EXPECT_LT(IndexOf(lines, "Site*Floor1*Desk*FaultMask1=1"), IndexOf(lines, "Site*Floor1*Desk*FaultMask10=1"));
     EXPECT_LT(IndexOf(lines, "Site*Floor1*Desk*FaultMask10=1"), IndexOf(lines, "Site*Floor1*Desk*FaultMask2=1"));
-    EXPECT_TRUE(Contains(lines, "control=0x00000000 DOVRIXC \"ORNCST_1\" 0x56000000 40,40,48x56"));
+    EXPECT_TRUE(Contains(lines, "control=0x00000000 DOVRIXC \"ORNCST_1\" 0x56000000 40,40,74x57"));
     // Pass 1 comes after every object's pass 0.
     EXPECT_EQ(lines[lines.size() - 2], "Site*Floor1*Desk*connection=");
     EXPECT_EQ(lines.back(), "ORNCST_1*connection=");
@@ -315,4 +316,35 @@ TEST(Console, TimerPollsAtMostOnceASecond)
     EXPECT_EQ(port.questions, 1);
     EXPECT_TRUE(console->m_wFlags & HOSTFLAG_ONLINE);
     static_cast<CONSOLEPROPERTIES*>(console)->m_pPartner = nullptr;
+}
+
+// Connecting while the design loads re-sends the settings as edits; the
+// user has changed nothing, so the loaded design is not marked changed.
+TEST(Console, AFreshlyOpenedDesignIsUnchanged)
+{
+    const std::string path = TempFolder() + "\\connected.ds";
+    {
+        std::ofstream file(path, std::ios::binary);
+        file << "control=0 ORNCON \"ORNCON_1\" 0x54000000 0,100,150x40\r\n" << kConsole << "\r\n"
+             << "ORNCST_1*Buzzer=1\r\nORNCST_1*connection=ORNCON_1.DOVRIXCSTModule\r\n";
+    }
+    TESTDESIGN design;
+    ASSERT_TRUE(a_LoadFile(design.Root(), path.c_str()));
+    LRESULT connected = 0;
+    design.Get("ORNCST_1", "connection", &connected);
+    EXPECT_EQ(connected, 1);
+    EXPECT_FALSE(a_IsModified(design.Root()));
+    EXPECT_FALSE(design.Object("ORNCST_1")->m_wFlags & HOSTFLAG_EDITED);
+
+    design.Edit("ORNCST_1*Buzzer=0");
+    EXPECT_TRUE(a_IsModified(design.Root()));
+}
+
+// A value longer than the line buffer is handed on cut to it, not refused.
+TEST(Console, AVeryLongValueKeepsWhatFits)
+{
+    TESTDESIGN design;
+    design.Load({kConsole, "ORNCST_1*name=" + std::string(5000, 'n')});
+    EXPECT_EQ(design.Get("ORNCST_1", "name"), std::string(128, 'n'));
+    EXPECT_TRUE(design.Output().empty());
 }

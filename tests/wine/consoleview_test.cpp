@@ -194,6 +194,8 @@ TEST_F(ConsoleView, KeyMenusGreyWhatCannotBeDoneAndPasteOnlyKeyRecords)
 
     EXPECT_FALSE(KeyMenu(view, At(KEY_ESC), "Clear").opened);
 
+    // A record of an unknown function loads as any line does: the key empties.
+    design.Edit("ORNCST_1*key006=Menu,2");
     PutOnClipboard(view, "not a key record");
     KeyMenu(view, At(6), "Paste");
     EXPECT_EQ(design.Get("ORNCST_1", "key006"), "Empty");
@@ -216,11 +218,43 @@ TEST_F(ConsoleView, KeyMenusGreyWhatCannotBeDoneAndPasteOnlyKeyRecords)
     EXPECT_FALSE(KeyMenu(view, At(KEY_PTT, 4), "Clear").opened);
 }
 
+// In edit mode each click adds its key to the selection; the key menu makes
+// its key the only selected one.
+TEST_F(ConsoleView, ClicksAddKeysToTheSelection)
+{
+    SendMessageA(view, CVM_SETEDITMODE, 0, 1);
+    const CONSOLEKEY key = Key(3);
+    const auto frameRow = [&](const std::vector<DWORD>& pixels, int width) {
+        const size_t row = (size_t)(key.top - 2) * (size_t)width;
+        return std::vector<DWORD>(pixels.begin() + (long)row + key.left - 2,
+                                  pixels.begin() + (long)row + key.left + key.frameWidth + 3);
+    };
+    const auto click = [&](int id) {
+        SendMessageA(view, WM_LBUTTONDOWN, MK_LBUTTON, At(id));
+        SendMessageA(view, WM_LBUTTONUP, 0, At(id));
+        int width = 0;
+        const std::vector<DWORD> pixels = WindowPixels(view, &width);
+        return frameRow(pixels, width);
+    };
+    const std::vector<DWORD> unselected = click(4);
+    EXPECT_NE(click(3), unselected);
+    EXPECT_NE(click(4), unselected);  // key 3 stays framed
+    KeyMenu(view, At(5), "Copy");
+    int width = 0;
+    const std::vector<DWORD> pixels = WindowPixels(view, &width);
+    EXPECT_EQ(frameRow(pixels, width), unselected);
+}
+
 TEST_F(ConsoleView, SpecialKeysTakeTheirRoleFromTheMenu)
 {
     MENURUN run = KeyMenu(view, At(121), "Key Switch");
     ASSERT_TRUE(run.opened);
-    EXPECT_EQ(run.items[0], "Not Used (checked)");
+    EXPECT_EQ(run.items, (std::vector<std::string>{"Not Used (checked)", "Alarm Button", "Key Switch", "Clear (greyed)",
+                                                   "Copy", "Paste"}));
+    HMENU menu = LoadMenuA(Plugin(), MAKEINTRESOURCEA(154));
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(GetMenuItemCount(GetSubMenu(menu, 0)), 6);  // no separator
+    DestroyMenu(menu);
     EXPECT_EQ(design.Get("ORNCST_1", "key0121OptionState"), "2");
     EXPECT_EQ(KeyMenu(view, At(121), "-").items[2], "Key Switch (checked)");
 }
@@ -427,6 +461,21 @@ TEST_F(ConsoleView, ScrollingMovesThePictureAndItsHeader)
     SendMessageA(other, WM_HSCROLL, SB_LEFT, 0);
     GetWindowRect(name, &after);
     EXPECT_EQ(after.left, before.left);
+    // The positions as asked, not clamped to the range: left of 0, the thumb's
+    // given position, and 500 at the right end.
+    SendMessageA(other, WM_HSCROLL, SB_LINELEFT, 0);
+    GetWindowRect(name, &after);
+    EXPECT_EQ(after.left, before.left + 10);
+    SendMessageA(other, WM_HSCROLL, MAKEWPARAM(SB_THUMBTRACK, 37), 0);
+    GetWindowRect(name, &after);
+    EXPECT_EQ(after.left, before.left - 37);
+    SendMessageA(other, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 45), 0);
+    GetWindowRect(name, &after);
+    EXPECT_EQ(after.left, before.left - 45);
+    SendMessageA(other, WM_HSCROLL, SB_RIGHT, 0);
+    GetWindowRect(name, &after);
+    EXPECT_EQ(after.left, before.left - 500);
+    SendMessageA(other, WM_HSCROLL, SB_LEFT, 0);
 
     design.Edit("ORNCST_ZEL2*type=ELK-CSK");
     EXPECT_TRUE(GetWindowLongA(FindWindowExA(other, NULL, "STATIC", "StatLabel"), GWL_STYLE) & WS_VISIBLE);
@@ -436,4 +485,28 @@ TEST_F(ConsoleView, ScrollingMovesThePictureAndItsHeader)
     HWND plainName = a_FindHwnd(console, "name");
     ASSERT_NE(plainName, nullptr);
     EXPECT_FALSE(GetWindowLongA(plainName, GWL_STYLE) & WS_VISIBLE);
+}
+
+// The header's widgets are bound to the console: the name field shows its name.
+TEST_F(ConsoleView, TheHeaderShowsTheConsolesName)
+{
+    design.Edit("ORNCST_1*name=Reception");
+    HWND other = CreateWindowExA(0, "DOVRIXCONSOLEVIEW", "", WS_CHILD | WS_VISIBLE, 18, 26, 505, 435, frame, NULL, NULL,
+                                 console);
+    ASSERT_NE(other, nullptr);
+    HWND name = NULL;
+    for (HWND child = GetWindow(other, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        char className[32] = "";
+        GetClassNameA(child, className, sizeof className);
+        if (strcmp(className, "BEDIT") == 0)
+            name = child;
+    }
+    ASSERT_NE(name, nullptr);
+    HOSTINFO* widget = reinterpret_cast<HOSTINFO*>(SendMessageA(name, WM_HOST_GETHOSTINFO, 0, 0));
+    EXPECT_NE(widget, nullptr);
+    EXPECT_EQ(widget, reinterpret_cast<HOSTINFO*>(GetWindowLongPtrA(name, GWLP_USERDATA)));
+    char text[256] = "";
+    ASSERT_TRUE(a_GetControlText(name, text, sizeof text));
+    EXPECT_STREQ(text, "Reception");
+    DestroyWindow(other);
 }

@@ -84,6 +84,33 @@ TEST(RadioButton, ClicksCheckOneButtonOfTheGroup)
     DestroyWindow(parent);
 }
 
+// A click unchecks every other button of its dialog group, also those that
+// are disabled or hidden, and none of the next group.
+TEST(RadioButton, AClickUnchecksDisabledAndHiddenMembersOfTheGroup)
+{
+    Plugin();
+    HWND parent = CreateParent();
+    HWND buttons[5];
+    for (int i = 0; i < 5; i++)
+        buttons[i] = CreateWindowExA(0, "CSAUTORADIOBUTTON", "Page", WS_CHILD | WS_VISIBLE | (i % 4 == 0 ? WS_GROUP : 0),
+                                     i * 90, 0, 80, 24, parent, (HMENU)(INT_PTR)(200 + i), NULL, NULL);
+    EnableWindow(buttons[2], FALSE);
+    ShowWindow(buttons[3], SW_HIDE);
+    std::vector<DWORD> normal[5];
+    for (int i = 0; i < 5; i++)
+        normal[i] = Pixels(buttons[i]);
+    for (int i : {2, 3, 4}) {
+        SendMessageA(buttons[i], RBM_SETSTATE, 1, 0);  // checked
+        EXPECT_NE(Pixels(buttons[i]), normal[i]) << i;
+    }
+
+    Click(buttons[0], 10, 10, 10, 10);
+    EXPECT_EQ(Pixels(buttons[2]), normal[2]);
+    EXPECT_EQ(Pixels(buttons[3]), normal[3]);
+    EXPECT_NE(Pixels(buttons[4]), normal[4]);  // another group
+    DestroyWindow(parent);
+}
+
 TEST(PasswordPrompt, EmptyStaysOpenAndSixteenCharactersAreTaken)
 {
     PASSWORDREQUEST request = {};

@@ -4,6 +4,8 @@
 
 #include "testhost.h"
 
+#include <algorithm>
+
 namespace {
 
 const char kConsole[] = "control=0 DOVRIXC \"ORNCST_1\" 0x54000000 0,0,20x20";
@@ -89,4 +91,54 @@ TEST(Keys, ConnectingSendsTheKeyConfiguration)
     REQUEST read = {REQ_READ, 0, REQTYPE_TEXT, REQMODE_EDIT, record, "ORNCST_1.key002", nullptr};
     ASSERT_TRUE(design.Object("ORNCON_1")->OnMessage(0, (LPARAM)&read));
     EXPECT_STREQ(record, "Menu,4");
+}
+
+// The design file names a console's model after its keys: the inputs are
+// checked against the model once the lines are all in, so a keypad's talk key
+// keeps its line input through a save and a reload.
+TEST(Keys, TalkKeysKeepTheirInputThroughSaveAndReloadInTheSavedOrder)
+{
+    const char record[] = "Talk to Zone,0,0,0,50,0,0,3,0,0,A,B,C";
+    std::vector<std::string> saved;
+    {
+        TESTDESIGN design;
+        design.Load({kKeypad, std::string("ORNCST_2*key022=") + record, "ORNCST_2*type=ORN-CSK"});
+        EXPECT_EQ(design.Get("ORNCST_2", "key022"), "Talk to Zone,0,0,0,50,0,0,3,0,0,0,0,0,0,0,0,A,B,C");
+        EXPECT_TRUE(design.Output().empty());
+        saved = design.SavedLines();
+    }
+    const auto type = std::find(saved.begin(), saved.end(), "ORNCST_2*type=ORN-CSK");
+    const auto key = std::find(saved.begin(), saved.end(), "ORNCST_2*key022=Talk to Zone,0,0,0,50,0,0,3,0,0,0,0,0,0,0,0,A,B,C");
+    ASSERT_NE(type, saved.end());
+    ASSERT_NE(key, saved.end());
+    EXPECT_LT(key - saved.begin(), type - saved.begin());
+
+    TESTDESIGN reopened;
+    reopened.Load(saved);
+    EXPECT_EQ(reopened.Get("ORNCST_2", "key022"), "Talk to Zone,0,0,0,50,0,0,3,0,0,0,0,0,0,0,0,A,B,C");
+    for (const std::string& line : reopened.Output())
+        EXPECT_EQ(line.find("audio input"), std::string::npos) << line;
+    EXPECT_EQ(reopened.SavedLines(), saved);
+}
+
+TEST(Keys, TheAudioInputIsCheckedOnceTheLinesAreInAndOnEachLaterEdit)
+{
+    TESTDESIGN design;
+    design.Load({kConsole, kKeypad, "ORNCST_1*key004=Talk to Zone,0,0,0,50,0,0,3,0,0,Hall,,",
+                 "ORNCST_2*key004=Talk to Zone,0,0,0,50,0,0,3,0,0,Hall,,", "ORNCST_2*type=ELK-CSK"});
+    EXPECT_EQ(design.Get("ORNCST_1", "key004"), "Talk to Zone,0,0,0,50,0,0,1,0,0,0,0,0,0,0,0,Hall,,");
+    EXPECT_EQ(design.Get("ORNCST_2", "key004"), "Talk to Zone,0,0,0,50,0,0,3,0,0,0,0,0,0,0,0,Hall,,");
+    EXPECT_EQ(design.Output(),
+              std::vector<std::string>{"ORNCST_1: Error reading audio input. Only 'Internal Mic' is available."});
+
+    // A keypad made a console loses the line input at once.
+    design.Edit("ORNCST_2*type=ORN-15CST");
+    EXPECT_EQ(design.Get("ORNCST_2", "key004"), "Talk to Zone,0,0,0,50,0,0,1,0,0,0,0,0,0,0,0,Hall,,");
+    // And an edited key of a console is checked as it comes.
+    design.Edit("ORNCST_1*key005=Talk to Zone,0,0,0,50,0,0,2,0,0,Hall,,");
+    EXPECT_EQ(design.Get("ORNCST_1", "key005"), "Talk to Zone,0,0,0,50,0,0,1,0,0,0,0,0,0,0,0,Hall,,");
+    EXPECT_EQ(design.Output(),
+              (std::vector<std::string>{"ORNCST_1: Error reading audio input. Only 'Internal Mic' is available.",
+                                        "ORNCST_2: Error reading audio input. Only 'Internal Mic' is available.",
+                                        "ORNCST_1: Error reading audio input. Only 'Internal Mic' is available."}));
 }

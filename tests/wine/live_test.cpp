@@ -300,12 +300,41 @@ TEST_F(Live, ReconnectingSettlesTheMonitoring)
 TEST_F(Live, NumbersOutsideTheirRangeAreRefused)
 {
     design.Load({"ORNCST_1*priority=7", "ORNCST_1*ExtensionCount=2"});
-    design.Load({"ORNCST_1*priority=-1", "ORNCST_1*priority=99999999999", "ORNCST_1*priority=40000",
-                 "ORNCST_1*priority=x", "ORNCST_1*ExtensionCount=6", "ORNCST_1*ExtensionCount=-1",
-                 "ORNCST_1*Buzzer=", "ORNCST_1*FaultMask3=yes", "ORNCST_1*leds=12g4"});
+    design.Load({"ORNCST_1*priority=99999999999", "ORNCST_1*priority=x", "ORNCST_1*ExtensionCount=6",
+                 "ORNCST_1*ExtensionCount=-1", "ORNCST_1*Buzzer=", "ORNCST_1*FaultMask3=yes", "ORNCST_1*leds=12g4"});
     EXPECT_EQ(Get("priority"), "7");
     EXPECT_EQ(Get("ExtensionCount"), "2");
-    EXPECT_EQ(design.Output().size(), 9u);
+    EXPECT_EQ(design.Output().size(), 7u);
+}
+
+// "priority" takes any decimal number into its 16-bit field and reads the
+// field back.
+TEST_F(Live, PriorityKeepsAnyNumberInSixteenBits)
+{
+    design.Load({"ORNCST_1*priority=-1"});
+    EXPECT_EQ(Get("priority"), "-1");
+    design.Load({"ORNCST_1*priority=65543"});
+    EXPECT_EQ(Get("priority"), "7");
+    design.Load({"ORNCST_1*priority=40000"});
+    EXPECT_EQ(Get("priority"), "-25536");
+    design.Load({"ORNCST_1*priority=12 dB"});
+    EXPECT_EQ(Get("priority"), "12");
+    EXPECT_TRUE(design.Output().empty());
+}
+
+// The connection names its controller: once that is deleted the read answers 0.
+TEST_F(Live, TheConnectionOfADeletedControllerReadsAsNone)
+{
+    Connect("ORNCST_1", "ORNCON_1.DOVRIXCSTModule");
+    LRESULT answer = 0;
+    design.Get("ORNCST_1", "connection", &answer);
+    EXPECT_EQ(answer, 1);
+    HOSTINFO* controller = design.Object("ORNCON_1");
+    ASSERT_NE(controller, nullptr);
+    DestroyWindow(controller->m_hWnd);
+    ASSERT_EQ(design.Object("ORNCON_1"), nullptr);
+    design.Get("ORNCST_1", "connection", &answer);
+    EXPECT_EQ(answer, 0);
 }
 
 TEST_F(Live, SavedKeywordsInTableOrder)

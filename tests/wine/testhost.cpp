@@ -17,6 +17,7 @@ const char kSurfaceClass[] = "TestDesignSurface";
 struct CATCHER {
     HHOOK hook = NULL;
     bool expecting = false;  // a MESSAGEBOXCATCHER lives
+    int answer = IDOK;       // the button the boxes are closed with
     std::vector<std::string> texts;
 };
 
@@ -37,7 +38,7 @@ LRESULT CALLBACK CatchMessageBox(int code, WPARAM wParam, LPARAM lParam)
                 Catcher().texts.push_back(text);
             else
                 ADD_FAILURE() << "unexpected message box: " << text;
-            PostMessageA(box, WM_COMMAND, IDOK, 0);
+            PostMessageA(box, WM_COMMAND, (WPARAM)Catcher().answer, 0);
         }
     }
     return CallNextHookEx(Catcher().hook, code, wParam, lParam);
@@ -89,6 +90,7 @@ void TESTDESIGN::Load(const std::vector<std::string>& lines)
 {
     for (const std::string& line : lines)
         a_LoadLine(m_root, line.c_str(), REQMODE_DESIGNFILE);
+    a_FinishLoading(m_root);
 }
 
 void TESTDESIGN::Edit(const std::string& line)
@@ -148,15 +150,17 @@ void CloseEveryMessageBox()
     Catcher().hook = SetWindowsHookExA(WH_CBT, CatchMessageBox, NULL, GetCurrentThreadId());
 }
 
-MESSAGEBOXCATCHER::MESSAGEBOXCATCHER()
+MESSAGEBOXCATCHER::MESSAGEBOXCATCHER(int answer)
 {
     Catcher().texts.clear();
     Catcher().expecting = true;
+    Catcher().answer = answer;
 }
 
 MESSAGEBOXCATCHER::~MESSAGEBOXCATCHER()
 {
     Catcher().expecting = false;
+    Catcher().answer = IDOK;
 }
 
 const std::vector<std::string>& MESSAGEBOXCATCHER::Texts() const

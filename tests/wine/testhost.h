@@ -24,7 +24,8 @@ public:
     ~TESTDESIGN();
     HOSTINFO* Root() const { return m_root; }
     HWND Surface() const { return m_surface; }
-    // Loads design-file lines (mode 1), one per entry.
+    // Loads design-file lines (mode 1), one per entry, and ends the loading
+    // as the host does after a design file.
     void Load(const std::vector<std::string>& lines);
     // An edit, as the property list makes it (mode 0).
     void Edit(const std::string& line);
@@ -44,10 +45,11 @@ private:
 // on one); a box that no MESSAGEBOXCATCHER expects fails the test.
 void CloseEveryMessageBox();
 
-// While it lives, message boxes are expected: their texts are recorded.
+// While it lives, message boxes are expected: their texts are recorded and
+// each is answered with the button given (IDYES, IDNO, IDCANCEL ...).
 class MESSAGEBOXCATCHER {
 public:
-    MESSAGEBOXCATCHER();
+    explicit MESSAGEBOXCATCHER(int answer = IDOK);
     ~MESSAGEBOXCATCHER();
     const std::vector<std::string>& Texts() const;
 };

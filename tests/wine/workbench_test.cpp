@@ -4,7 +4,9 @@
 #include <fstream>
 
 #include "testhost.h"
+#include "../../host/workbench/saveprompt.h"
 #include "../../host/workbench/verbs.h"
+#include "../../host/workbench/workbench.h"
 
 namespace {
 
@@ -206,9 +208,9 @@ TEST(Workbench, ObjectsMoveOnlyWhileTheDesignIsEdited)
     const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
     EXPECT_EQ(run.exitCode, 0u) << run.err;
     const std::string design = ReadFileBytes(saved);
-    EXPECT_NE(design.find("control=0x00000000 DOVRIXC \"ORNCST_1\" 0x56000000 70,60,48x56\r\n"), std::string::npos);
+    EXPECT_NE(design.find("control=0x00000000 DOVRIXC \"ORNCST_1\" 0x56000000 70,60,74x57\r\n"), std::string::npos);
     EXPECT_NE(design.find("control=0x00000000 ORNCON \"ORNCON_1\" 0x54000000 45,155,150x40\r\n"), std::string::npos);
-    EXPECT_NE(design.find("control=0x00000000 DOVRIXC \"ELKCST_2\" 0x56000000 240,40,48x56\r\n"), std::string::npos);
+    EXPECT_NE(design.find("control=0x00000000 DOVRIXC \"ELKCST_2\" 0x56000000 240,40,74x57\r\n"), std::string::npos);
 }
 
 TEST(Workbench, WidgetPageDrivesTheConsole)
@@ -304,7 +306,7 @@ TEST(Workbench, ConsoleViewPressesLabelsAndExtensions)
     EXPECT_NE(run.out.find("leds=00000e"), std::string::npos) << run.out;
     EXPECT_NE(run.out.find("leds=000001"), std::string::npos) << run.out;
     EXPECT_NE(run.out.find("keylabel016=Fire exit\n"), std::string::npos) << run.out;  // an extension key (ORNCST_1 has one)
-    EXPECT_NE(run.out.find("menu: Not Used (checked)\nmenu: Alarm Button\nmenu: Key Switch\nmenu: -\n"
+    EXPECT_NE(run.out.find("menu: Not Used (checked)\nmenu: Alarm Button\nmenu: Key Switch\n"
                            "menu: Clear (greyed)\nmenu: Copy\nmenu: Paste\nkey0121OptionState=1\nmenu: none\n"),
               std::string::npos)
         << run.out;
@@ -313,4 +315,76 @@ TEST(Workbench, ConsoleViewPressesLabelsAndExtensions)
     const std::string saved = ReadFileBytes(folder + "\\saved.ds");
     EXPECT_NE(saved.find("ORNCST_1*keylabel016=Fire exit\r\n"), std::string::npos);
     EXPECT_NE(saved.find("ORNCST_4*key0121OptionState=1\r\n"), std::string::npos);
+}
+
+// A design of an older project is migrated once: saved in the workbench's own
+// version, it opens and saves again unchanged.
+TEST(Workbench, AnOldProjectIsSavedInTheCurrentVersionOnce)
+{
+    const std::string folder = TempFolder();
+    const std::string old = folder + "\\old.ds", first = folder + "\\first.ds", second = folder + "\\second.ds";
+    std::ofstream(old, std::ios::binary) << "projectversion=V 2.7.9\r\n"
+                                            "control=0x00000000 DOVRIXC \"ORNCST_1\" 0x54000000 40,40,74x57\r\n"
+                                            "ORNCST_1*FaultMask7=1\r\nORNCST_1*FaultMask8=0\r\nORNCST_1*FaultMask9=1\r\n";
+    const std::string script = WriteScript("get ORNCST_1 FaultMask8\nget ORNCST_1 FaultMask9\nget ORNCST_1 FaultMask10\n");
+    const RUN migrated = Workbench("\"" + old + "\" --script \"" + script + "\" --save \"" + first + "\"");
+    EXPECT_EQ(migrated.exitCode, 0u) << migrated.err;
+    EXPECT_EQ(migrated.out, "FaultMask8=1\nFaultMask9=0\nFaultMask10=1\n");
+    const RUN reopened = Workbench("\"" + first + "\" --script \"" + script + "\" --save \"" + second + "\"");
+    EXPECT_EQ(reopened.exitCode, 0u) << reopened.err;
+    EXPECT_EQ(reopened.out, migrated.out);
+    const std::string saved = ReadFileBytes(first);
+    EXPECT_EQ(saved.substr(0, saved.find('\n') + 1), "projectversion=V 3.9.0\r\n");
+    EXPECT_EQ(ReadFileBytes(second), saved);
+}
+
+namespace {
+
+int g_saves = 0;
+bool g_saveWorks = true;
+
+bool CountSave(HWND, WORKBENCH*)
+{
+    g_saves++;
+    return g_saveWorks;
+}
+
+}  // namespace
+
+// Dropping a changed design asks first; Yes saves, No drops, Cancel keeps it.
+TEST(Workbench, AChangedDesignIsNotDroppedWithoutAsking)
+{
+    TESTDESIGN design;
+    design.Load({"control=0 DOVRIXC \"ORNCST_1\" 0x54000000 0,0,20x20"});
+    WORKBENCH bench;
+    bench.design = design.Root();
+    g_saves = 0;
+    {
+        MESSAGEBOXCATCHER none;
+        EXPECT_TRUE(ConfirmDropDesign(NULL, &bench, CountSave));  // unchanged: nothing to ask
+        EXPECT_TRUE(none.Texts().empty());
+    }
+    design.Edit("ORNCST_1*Buzzer=1");
+    {
+        MESSAGEBOXCATCHER cancel(IDCANCEL);
+        EXPECT_FALSE(ConfirmDropDesign(NULL, &bench, CountSave));
+        EXPECT_EQ(cancel.Texts(), std::vector<std::string>{"Save changes to Untitled?"});
+    }
+    EXPECT_EQ(g_saves, 0);
+    bench.designPath = "C:\\plant\\hall.ds";
+    {
+        MESSAGEBOXCATCHER no(IDNO);
+        EXPECT_TRUE(ConfirmDropDesign(NULL, &bench, CountSave));
+        EXPECT_EQ(no.Texts(), std::vector<std::string>{"Save changes to hall.ds?"});
+    }
+    EXPECT_EQ(g_saves, 0);
+    {
+        MESSAGEBOXCATCHER yes(IDYES);
+        EXPECT_TRUE(ConfirmDropDesign(NULL, &bench, CountSave));
+        g_saveWorks = false;
+        EXPECT_FALSE(ConfirmDropDesign(NULL, &bench, CountSave));  // the save failed: keep the design
+        g_saveWorks = true;
+        EXPECT_EQ(yes.Texts().size(), 2u);
+    }
+    EXPECT_EQ(g_saves, 2);
 }

@@ -150,12 +150,22 @@ static int SavePng(cairo_surface_t* surface, const char* folder, const char* nam
 
 /* A small console face: a housing with a transparent display window at the
  * top (the canvas shows its online colour through it), an accent stripe and a
- * key field. Keypads have no display and more keys. */
-static int SmallConsole(const char* folder, int id, RGB accent, int keypad)
+ * key field. Keypads have no display and more keys. The smallest faces are
+ * a plain accent square. */
+static int SmallConsole(const char* folder, int id, RGB accent, int keypad, int width, int height)
 {
-    const int width = 48, height = 56;
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
     cairo_t* cr = cairo_create(surface);
+    if (width < 16 || height < 16) {
+        cairo_rectangle(cr, 0, 0, width, height);
+        Fill(cr, accent, 1.0);
+        char name[64];
+        snprintf(name, sizeof name, "smallconsole%d.png", id);
+        const int failed = SavePng(surface, folder, name);
+        cairo_destroy(cr);
+        cairo_surface_destroy(surface);
+        return failed;
+    }
 
     RoundedRect(cr, 0.5, 0.5, width - 1, height - 1, 5);
     cairo_set_source_rgb(cr, 0.22, 0.23, 0.25);
@@ -1379,11 +1389,12 @@ int main(int argc, char** argv)
     const RGB familyB = {0.90, 0.50, 0.10};
     const RGB zel = {0.30, 0.65, 0.35};
     int failures = 0;
-    failures += SmallConsole(argv[1], 106, familyA, 0);
-    failures += SmallConsole(argv[1], 194, familyB, 0);
-    failures += SmallConsole(argv[1], 148, zel, 0);
-    failures += SmallConsole(argv[1], 160, zel, 1);
-    failures += SmallConsole(argv[1], 188, familyA, 1);
+    failures += SmallConsole(argv[1], 103, zel, 0, 54, 55);
+    failures += SmallConsole(argv[1], 106, familyA, 0, 74, 57);
+    failures += SmallConsole(argv[1], 194, familyB, 0, 74, 57);
+    failures += SmallConsole(argv[1], 148, zel, 0, 5, 5);
+    failures += SmallConsole(argv[1], 160, zel, 1, 5, 5);
+    failures += SmallConsole(argv[1], 188, familyA, 1, 74, 59);
     failures += ConsoleViewImages(argv[1]);
     return failures ? 1 : 0;
 }
