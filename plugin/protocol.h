@@ -41,6 +41,12 @@ enum CONFIGURATIONMESSAGE : UINT {
     CFM_SELECTBYNAME = WM_USER + 21,   // to the manager tree: lParam a console's name
 };
 
+// The configuration window's tabs (the index kept in the console).
+enum CONFIGURATIONTAB : int {
+    TAB_CONFIGURATION = 0,
+    TAB_SUPERVISION = 1,
+};
+
 // The key-function editor pages (user messages 13 and 17).
 enum KEYPAGEMESSAGE : UINT {
     KPM_KEYEDITED = WM_USER + 13,      // to the console view: lParam the key number (1037)

@@ -314,3 +314,34 @@ TEST(Workbench, ConsoleViewPressesLabelsAndExtensions)
     EXPECT_NE(saved.find("ORNCST_1*keylabel016=Fire exit\r\n"), std::string::npos);
     EXPECT_NE(saved.find("ORNCST_4*key0121OptionState=1\r\n"), std::string::npos);
 }
+
+TEST(Workbench, ConfigurationWindowColumnLampsAndSelector)
+{
+    const std::string script = WriteScript(
+        "open ORNCST_4\n"
+        "column ORNCST_4\n"
+        "tab ORNCST_4 supervision\n"
+        "lamps ORNCST_4\n"
+        "click config:ORNCST_4 ZELFaults1\n"
+        "get ORNCST_4 FaultMask8\n"
+        "close ORNCST_4\n"
+        "tick 1100\n"
+        "open ORNCST_1\n"
+        "tick 400\n"
+        "column ORNCST_1\n"
+        "tab ORNCST_1 supervision\n"
+        "lamps ORNCST_1\n"
+        "choose ORNCST_1 ORNCST_4\n"
+        "tab ORNCST_4 configuration\n"
+        "close ORNCST_4\n");
+    const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
+    EXPECT_EQ(run.exitCode, 0u) << run.err;
+    // Offline: the monitoring toggle can be switched, every lamp is grey.
+    EXPECT_NE(run.out.find("lcdFireEmergencyMonitoring=0\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("grey grey grey grey grey grey grey grey grey grey\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("FaultMask8=0\n"), std::string::npos) << run.out;  // the default mask was 1
+    // Online: monitoring and the emergency key set are greyed.
+    EXPECT_NE(run.out.find("lcdFireEmergencyMonitoring=0 greyed\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("EmergencyCSTKeys="), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("connection=ORNCON_1.DOVRIXCSTModule\n"), std::string::npos) << run.out;
+}
