@@ -76,12 +76,26 @@ LRESULT Tabs_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam, UIN
     return DefSubclassProc(hwnd, message, wParam, lParam);
 }
 
+// The view lays itself out for a frame of its own (it moves to 18,26 and
+// sizes its parent); here it stands at 238,68 of a window of fixed size.
+void PlaceConsoleView(CONFIGURATIONSTATE* state)
+{
+    RECT at;
+    if (!state->consoleView || !GetWindowRect(state->consoleView, &at))
+        return;
+    POINT origin = {at.left, at.top};
+    ScreenToClient(GetParent(state->consoleView), &origin);
+    if (origin.x != 238 || origin.y != 68)
+        SetWindowPos(state->consoleView, NULL, 238, 68, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void CreateConsoleView(HWND hwnd, CONFIGURATIONSTATE* state)
 {
     state->consoleView = Child(hwnd, WS_EX_CLIENTEDGE, "DOVRIXCONSOLEVIEW", "", WS_CHILD | WS_VISIBLE, 238, 68, 50, 50,
                                IDC_CONSOLEVIEW, state->console);
     if (state->consoleView && state->viewPage)
         SendMessageA(state->consoleView, CVM_SETPAGE, 0, state->viewPage);
+    PlaceConsoleView(state);
 }
 
 void CreateChildren(HWND hwnd, CONFIGURATIONSTATE* state)
@@ -189,6 +203,7 @@ void Reinitialize(HWND hwnd, CONFIGURATIONSTATE* state, CONSOLEPROPERTIES* conso
 void Tick(CONFIGURATIONSTATE* state)
 {
     GreyDependentOptions(state);
+    PlaceConsoleView(state);
     // The key-function editor panel follows the key being changed; its
     // pages come with the key-function editor.
     state->rebuildNoted = false;
@@ -288,6 +303,7 @@ void Configuration_Command(HWND hwnd, CONFIGURATIONSTATE* state, WPARAM wParam)
     case IDC_VIEWBUTTON:
         state->viewPage = state->viewPage ? 0 : 1;
         SendMessageA(state->consoleView, CVM_SETPAGE, 0, state->viewPage);
+        PlaceConsoleView(state);
         break;
     case IDC_CONSOLESELECTOR:
         if (HIWORD(wParam) == CBN_SELCHANGE) {
@@ -363,6 +379,10 @@ LRESULT Configuration_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lP
         return 0;
     case WM_ERASEBKGND:
         return 1;
+    case WM_WINDOWPOSCHANGING:  // the window keeps its size whatever its children ask
+        reinterpret_cast<WINDOWPOS*>(lParam)->cx = kWidth;
+        reinterpret_cast<WINDOWPOS*>(lParam)->cy = kHeight;
+        return 0;
     case WM_TIMER:
         if (wParam == TIMER_POLL)
             Tick(state);
