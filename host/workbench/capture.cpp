@@ -52,14 +52,27 @@ POINT ClientOrigin(HWND window)
 }
 
 // Draws the window's client area at origin, then its visible children on top,
-// the bottom of the z-order first.
+// the bottom of the z-order first. Each window draws into a surface of its
+// own whose origin is its client origin, as on the screen: the system's
+// controls (STATIC, BUTTON) clip their drawing to their client rectangle in
+// device coordinates, so a shifted viewport would leave them drawing nothing.
+// The surface starts as a copy of what lies behind the window, so controls
+// that draw transparently show their parent's background.
 void PrintTree(HWND window, HDC hdc, POINT origin, const RECT& clip)
 {
-    const int saved = SaveDC(hdc);
-    IntersectClipRect(hdc, clip.left, clip.top, clip.right, clip.bottom);
-    SetViewportOrgEx(hdc, origin.x, origin.y, NULL);
-    SendMessageA(window, WM_PRINTCLIENT, (WPARAM)hdc, PRF_CLIENT | PRF_ERASEBKGND);
-    RestoreDC(hdc, saved);
+    RECT client;
+    GetClientRect(window, &client);
+    if (client.right > 0 && client.bottom > 0) {
+        Bitmap surface(CreateCompatibleBitmap(hdc, client.right, client.bottom));
+        MemoryDC own(hdc);
+        Selection selected(own, surface);
+        BitBlt(own, 0, 0, client.right, client.bottom, hdc, origin.x, origin.y, SRCCOPY);
+        SendMessageA(window, WM_PRINTCLIENT, (WPARAM)(HDC)own, PRF_CLIENT | PRF_ERASEBKGND);
+        const int saved = SaveDC(hdc);
+        IntersectClipRect(hdc, clip.left, clip.top, clip.right, clip.bottom);
+        BitBlt(hdc, origin.x, origin.y, client.right, client.bottom, own, 0, 0, SRCCOPY);
+        RestoreDC(hdc, saved);
+    }
 
     const POINT windowOrigin = ClientOrigin(window);
     HWND child = GetWindow(window, GW_CHILD);
@@ -67,10 +80,10 @@ void PrintTree(HWND window, HDC hdc, POINT origin, const RECT& clip)
         if (!(GetWindowLongA(child, GWL_STYLE) & WS_VISIBLE))
             continue;
         const POINT childOrigin = ClientOrigin(child);
-        RECT client;
-        GetClientRect(child, &client);
+        RECT childClient;
+        GetClientRect(child, &childClient);
         const POINT at = {origin.x + childOrigin.x - windowOrigin.x, origin.y + childOrigin.y - windowOrigin.y};
-        RECT childClip = {at.x, at.y, at.x + client.right, at.y + client.bottom};
+        RECT childClip = {at.x, at.y, at.x + childClient.right, at.y + childClient.bottom};
         IntersectRect(&childClip, &childClip, &clip);
         if (!IsRectEmpty(&childClip))
             PrintTree(child, hdc, at, childClip);
