@@ -114,6 +114,9 @@ void CreateChildren(HWND hwnd, CONFIGURATIONSTATE* state)
                         client.right - 36, 22, IDC_TABSTRIP);
     state->onlineIndicator = Child(hwnd, 0, "STATIC", "onlineLED", WS_CHILD | WS_VISIBLE | SS_BITMAP, client.right - 75, 3,
                                    52, 41, IDC_ONLINEINDICATOR);
+    // The indicator reaches down beside the tab strip, which clips itself
+    // against the siblings above it.
+    SetWindowPos(state->onlineIndicator, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     state->selector = Child(hwnd, WS_EX_NOPARENTNOTIFY, "COMBOBOX", "ZELList",
                             WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | CBS_HASSTRINGS | CBS_DROPDOWNLIST,
                             client.right - 215, 3, 122, 41, IDC_CONSOLESELECTOR);
@@ -129,10 +132,10 @@ void CreateChildren(HWND hwnd, CONFIGURATIONSTATE* state)
         item.pszText = const_cast<char*>(names[i]);
         SendMessageA(state->tabs, TCM_INSERTITEMA, i, (LPARAM)&item);
     }
-    LOGFONTA standard = {};
-    GetObjectA(a_GetFont("MS Sans Serif,8"), sizeof standard, &standard);
+    // The selector writes as the flat combo boxes do: 8 below the standard
+    // height, a cell height (a character height of that size is unreadable).
     LOGFONTA own = {};
-    own.lfHeight = standard.lfHeight < 0 ? standard.lfHeight + 8 : standard.lfHeight - 8;
+    own.lfHeight = ReferenceFontHeight() - 8;
     own.lfWeight = 100;
     CopyText(own.lfFaceName, "MS Sans Serif");
     state->selectorFont.Reset(CreateFontIndirectA(&own));
