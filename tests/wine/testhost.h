@@ -44,12 +44,14 @@ private:
 // on one); a box that no MESSAGEBOXCATCHER expects fails the test.
 void CloseEveryMessageBox();
 
-// While it lives, message boxes are expected: their texts are recorded.
+// While it lives, message boxes are expected: their texts and captions are
+// recorded.
 class MESSAGEBOXCATCHER {
 public:
     MESSAGEBOXCATCHER();
     ~MESSAGEBOXCATCHER();
     const std::vector<std::string>& Texts() const;
+    const std::vector<std::string>& Captions() const;
 };
 
 // A window's client area as it draws itself (WM_PRINTCLIENT), pixel by pixel
