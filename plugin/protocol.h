@@ -46,6 +46,12 @@ enum CANVASMESSAGE : UINT {
     DCM_LINESLOADED = WM_USER + 30,    // posted to itself: the design file's lines are all in
 };
 
+// The configuration window's tabs (the index kept in the console).
+enum CONFIGURATIONTAB : int {
+    TAB_CONFIGURATION = 0,
+    TAB_SUPERVISION = 1,
+};
+
 // The key-function editor pages (user messages 13 and 17).
 enum KEYPAGEMESSAGE : UINT {
     KPM_KEYEDITED = WM_USER + 13,      // to the console view: lParam the key number (1037)

@@ -120,6 +120,10 @@ bool WIDGET::WriteVariable(const std::string& variable, const std::string& text)
     if (!written)
         EDITTRACE(obj, "%s refused %s=%s", obj->m_szName, variable.c_str(), text.c_str());
     ReadBoundValue();
+    // The field shows what the object holds now, a refused text included:
+    // it shows the stored value again.
+    if (editor && variable == attributes.function)
+        SetWindowTextA(editor, Label().c_str());
     return written;
 }
 

@@ -15,6 +15,12 @@ public:
 
     // One attribute string; a refused one is traced and ignored.
     LRESULT OnLoad(WPARAM, LPARAM attribute) override;
+    // The page's owner times its widgets: the bound value is read again.
+    LRESULT OnTimer(WPARAM, LPARAM) override
+    {
+        ReadBoundValue();
+        return 0;
+    }
 
     // Reads the bound variable of the connected object into `shown`.
     void ReadBoundValue();

@@ -97,6 +97,8 @@ bool Widgets(WORKBENCH* bench, const SCRIPTCOMMAND& command)
 
 bool ClickWidget(WORKBENCH* bench, const SCRIPTCOMMAND& command)
 {
+    if (command.object.rfind("config:", 0) == 0)
+        return ClickConfigurationWidget(command.object.substr(7), command.text);
     HWND widget = PageWidget(bench, command.object, command.text);
     if (!widget)
         return false;

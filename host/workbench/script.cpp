@@ -53,6 +53,8 @@ const PLACEHOLDER kPlaceholders[] = {
     {"[MODE2]", ARG_NUMBER, nullptr, &SCRIPTCOMMAND::value, 0, 3},
     {"on|off", ARG_SWITCH, nullptr, &SCRIPTCOMMAND::value, 0, 0},
     {"add|remove", ARG_CHOICE, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"configuration|supervision", ARG_CHOICE, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"CONSOLE", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
     {"N|side|buttons", ARG_CHOICE, &SCRIPTCOMMAND::text, &SCRIPTCOMMAND::code, INT_MIN, INT_MAX},
     {"OBJ*KEYWORD=VALUE", ARG_DESIGNLINE, &SCRIPTCOMMAND::text, nullptr, 0, 0},
     {"VARIABLE=VALUE", ARG_ASSIGNMENT, &SCRIPTCOMMAND::text, &SCRIPTCOMMAND::value, INT_MIN, INT_MAX},

@@ -42,6 +42,11 @@ enum SCRIPTVERB {
     SCRIPT_LEDS,
     SCRIPT_SCROLL,
     SCRIPT_HELP,
+    SCRIPT_TAB,
+    SCRIPT_COLUMN,
+    SCRIPT_LAMPS,
+    SCRIPT_CHOOSE,
+    SCRIPT_CLOSE,
     SCRIPT_VERB_COUNT  // not a verb: the number of them, SCRIPT_NOTHING included
 };
 
@@ -51,7 +56,8 @@ struct SCRIPTCOMMAND {
     std::string typed;    // edit: the value typed
     std::string text;     // set: the whole design line; get, edit: the keyword; save, screenshot: the
                           // file; device: the variable; rclick: the item; label: the text;
-                          // extension: add or remove; page: N, side or buttons
+                          // extension: add or remove; page: N, side or buttons;
+                          // tab: configuration or supervision; choose: the console
     int code = 0;         // callback: the code; fault: the fault word; tick: milliseconds; drag: DX;
                           // leds: the first LED's mode
     int value = 0;        // online, fault, design: 1 or 0; device: the value; drag: DY; leds: the

@@ -88,6 +88,7 @@ extern const VERBHANDLERS kSimulationVerbs;   // simulationverbs.cpp: the simula
 extern const VERBHANDLERS kPictureVerbs;      // pictureverbs.cpp
 extern const VERBHANDLERS kConsoleViewVerbs;  // consoleviews.cpp
 extern const VERBHANDLERS kFirmwareVerbs;     // firmwarecommand.cpp
+extern const VERBHANDLERS kConfigurationVerbs; // configurationverbs.cpp
 
 // Whether every verb has exactly one handler; names those that do not on stderr.
 bool CheckVerbHandlers();
@@ -131,6 +132,8 @@ void TickObjects();
 
 // A console's configuration window ("NAME - Configuration"), or null.
 HWND FindConfigurationWindow(HOSTINFO* obj);
+// Clicks a named widget or button of an open configuration window ("click config:OBJ WIDGET").
+bool ClickConfigurationWidget(const std::string& object, const std::string& name);
 // Runs the console's firmware update with a package of its family's folder.
 bool RunFirmwareUpdate(WORKBENCH* bench, HOSTINFO* console, const std::string& package, const std::string& password);
 

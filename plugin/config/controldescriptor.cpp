@@ -1,4 +1,5 @@
 #include "controldescriptor.h"
+#include "pageowners.h"
 
 #include "../../base/text.h"
 #include "../../base/banned.h"
@@ -15,6 +16,14 @@ BOOL SendConnection(LPCSTR, void* widget, void* text)
     HOSTINFO* obj = WidgetObject(static_cast<HWND>(widget));
     if (obj && obj->m_wKind != 1)
         obj->OnLoad(0, (LPARAM)text);
+    return TRUE;
+}
+
+BOOL SendTimer(LPCSTR, void* widget, void*)
+{
+    HOSTINFO* obj = WidgetObject(static_cast<HWND>(widget));
+    if (obj && obj->m_wKind != 1)
+        obj->OnTimer(0, 0);
     return TRUE;
 }
 
@@ -44,6 +53,28 @@ HWND CreateWidget(HOSTINFO* owner, HWND parent, const char* line, std::initializ
 }
 
 }  // namespace
+
+void TimePageWidgets(HOSTINFO* owner)
+{
+    if (owner && owner->m_pChildTable)
+        owner->m_pChildTable->Enumerate(SendTimer, nullptr);
+}
+
+void SendWidgetAttribute(HWND widget, const char* attribute)
+{
+    HOSTINFO* obj = WidgetObject(widget);
+    if (!obj)
+        return;
+    char text[64 + 4096];
+    CopyText(text, attribute);
+    obj->OnLoad(0, (LPARAM)text);
+}
+
+void SendWidgetAttributes(HWND widget, std::initializer_list<const char*> attributes)
+{
+    for (const char* attribute : attributes)
+        SendWidgetAttribute(widget, attribute);
+}
 
 HWND CreateHostWidget(HOSTINFO* owner, HWND parent, const char* line, std::initializer_list<const char*> attributes)
 {

@@ -21,6 +21,7 @@
 namespace {
 
 const int kPageButtonShift = 63;
+const int kPageButtonWidth = 75;
 
 bool NameHasZel(const CONSOLEVIEW* view)
 {
@@ -122,7 +123,7 @@ void CreatePageButtons(HWND hwnd, CONSOLEVIEW* view)
     HFONT font = a_GetFont("MS Sans Serif,8");
     for (const PAGEBUTTON& page : PageButtons(view->console->m_settings.extensionSlots)) {
         const DWORD style = page.id == IDC_PAGEBUTTON_CONSOLE ? 0x54020000 : 0x50000000;
-        HWND button = CreateWindowExA(WS_EX_TRANSPARENT, "CSAUTORADIOBUTTON", page.text.c_str(), style, 0, page.y, 75,
+        HWND button = CreateWindowExA(WS_EX_TRANSPARENT, "CSAUTORADIOBUTTON", page.text.c_str(), style, 0, page.y, kPageButtonWidth,
                                       30, hwnd, (HMENU)(INT_PTR)page.id, ModuleInstance(),
                                       NULL);
         if (!button)
@@ -159,6 +160,17 @@ void PlaceHeader(CONSOLEVIEW* view)
         if (view->header[i])
             SetWindowPos(view->header[i], NULL, kOrigins[i].x + dx, kOrigins[i].y + dy, 0, 0,
                          SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// The toolbar docks at the top of the view as the layout has sized it; beside
+// the page buttons it then moves right of their column so that both stay
+// usable (only moved: a toolbar docks again whenever its size changes).
+void PlaceToolbar(CONSOLEVIEW* view, bool besidePageButtons)
+{
+    if (!view->toolbar)
+        return;
+    SendMessageA(view->toolbar, TB_AUTOSIZE, 0, 0);
+    SetWindowPos(view->toolbar, HWND_TOP, besidePageButtons ? kPageButtonWidth : 0, 0, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 }  // namespace
@@ -207,21 +219,17 @@ void CreateHeaderControls(HWND hwnd, CONSOLEVIEW* view)
             widget->OnLoad(0, (LPARAM)connection);
 }
 
-// The toolbar stands in the view's frame, above the picture; its buttons
-// talk to the view.
+// The toolbar is the view's own child: it docks at the view's top, wherever
+// the view stands, and its buttons' commands come to the view directly.
 void CreateViewToolbar(HWND hwnd, CONSOLEVIEW* view)
 {
-    HWND parent = GetParent(hwnd);
-    if (!parent)
-        return;
     HINSTANCE instance = ModuleInstance();
-    view->toolbar = CreateWindowExA(WS_EX_TRANSPARENT, TOOLBARCLASSNAMEA, "", 0x50008900, 0, 0, 100, 25, parent,
+    view->toolbar = CreateWindowExA(WS_EX_TRANSPARENT, TOOLBARCLASSNAMEA, "", 0x50008900, 0, 0, 100, 25, hwnd,
                                     (HMENU)(INT_PTR)IDC_VIEW_TOOLBAR, instance, NULL);
     if (!view->toolbar) {
         Trace("DOVRIXC: the console view has no toolbar (%lu)\n", GetLastError());
         return;
     }
-    SendMessageA(view->toolbar, TB_SETPARENT, (WPARAM)hwnd, 0);
     SendMessageA(view->toolbar, TB_BUTTONSTRUCTSIZE, 20, 0);
     SendMessageA(view->toolbar, TB_SETBITMAPSIZE, 0, MAKELPARAM(20, 20));
     TBADDBITMAP bitmap = {instance, IDB_VIEWTOOLBAR};
@@ -254,6 +262,7 @@ void BuildViewLayout(HWND hwnd, CONSOLEVIEW* view, int page)
         ShowScrollBar(hwnd, SB_HORZ, FALSE);
         view->scrollPosition = 0;
         CreatePageButtons(hwnd, view);
+        PlaceToolbar(view, true);
     } else {
         view->keyOffsetX = 0;
         DestroyPageButtons(view);
@@ -264,6 +273,7 @@ void BuildViewLayout(HWND hwnd, CONSOLEVIEW* view, int page)
                 AddStrip(view, slot, position++);
         SizeFrame(hwnd, 1019, 985, 505);
         SetScrollRange(hwnd, view);
+        PlaceToolbar(view, false);
     }
     ShowHeader(view);
     PlaceHeader(view);

@@ -21,10 +21,14 @@ int DropButtonWidth()
     return GetSystemMetrics(SM_CXVSCROLL);
 }
 
+}  // namespace
+
 int ReferenceFontHeight()
 {
     return GetSystemMetrics(SM_CYMENU) + 4;  // about a combo box's height
 }
+
+namespace {
 
 bool ButtonDown()
 {

@@ -15,6 +15,10 @@ LRESULT DialogColours(UINT message, HDC hdc);
 // with the dialog procedure's answer in result when the message was one of them.
 bool FlatDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, INT_PTR* result);
 
+// The module's standard font height (a cell height in pixels, about a combo
+// box's height): the flat combo box and the console selector write 8 below it.
+int ReferenceFontHeight();
+
 // Paints a combo box flat: yellow field, selection text, arrow button.
 void PaintFlatCombo(HWND combo, HDC hdc);
 

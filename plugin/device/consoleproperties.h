@@ -58,6 +58,13 @@ public:
     int32_t m_faultLed;           // canvas poll caches
     uint8_t m_reportFaultsCache;
     bool m_audioCheckDue;         // posted DCM_LINESLOADED not yet handled
+    // The configuration window's memory: the tab to reopen and where it stood.
+    int32_t m_configurationTab = 0;
+    bool m_configurationOpen = false;
+    bool m_hasConfigurationPlacement = false;
+    WINDOWPLACEMENT m_configurationPlacement = {};
+    POINT m_configurationPosition = {};
+    uint8_t m_connectionOnline = 0;  // the connection's "online", as the Supervision page last read it
 
 private:
     CONSOLEPROPERTIES(const CONSOLEPROPERTIES&);

@@ -510,3 +510,34 @@ TEST_F(ConsoleView, TheHeaderShowsTheConsolesName)
     EXPECT_STREQ(text, "Reception");
     DestroyWindow(other);
 }
+
+TEST_F(ConsoleView, ToolbarStandsWithTheViewAndItsButtonsReachIt)
+{
+    HWND toolbar = GetDlgItem(view, IDC_VIEW_TOOLBAR);
+    ASSERT_NE(toolbar, nullptr);
+    EXPECT_EQ(GetParent(toolbar), view);
+    RECT r;
+    GetWindowRect(toolbar, &r);
+    MapWindowPoints(NULL, view, (POINT*)&r, 2);
+    EXPECT_EQ(r.left, 0);
+    EXPECT_EQ(r.top, 0);
+    EXPECT_EQ(SendMessageA(toolbar, TB_BUTTONCOUNT, 0, 0), 3);
+    // A click on the second button adds an extension.
+    RECT button;
+    ASSERT_TRUE(SendMessageA(toolbar, TB_GETITEMRECT, 1, (LPARAM)&button));
+    const LPARAM middle = MAKELPARAM((button.left + button.right) / 2, (button.top + button.bottom) / 2);
+    SendMessageA(toolbar, WM_LBUTTONDOWN, MK_LBUTTON, middle);
+    SendMessageA(toolbar, WM_LBUTTONUP, 0, middle);
+    EXPECT_EQ(design.Get("ORNCST_1", "ExtensionCount"), "1");
+
+    // Beside the page buttons it stands right of their column.
+    SendMessageA(view, CVM_SETPAGE, 0, 1);
+    RECT console;
+    GetWindowRect(GetDlgItem(view, IDC_PAGEBUTTON_CONSOLE), &console);
+    GetWindowRect(toolbar, &r);
+    EXPECT_GE(r.left, console.right);
+    SendMessageA(view, CVM_SETPAGE, 0, 0);
+    GetWindowRect(toolbar, &r);
+    MapWindowPoints(NULL, view, (POINT*)&r, 2);
+    EXPECT_EQ(r.left, 0);
+}

@@ -19,6 +19,7 @@ struct CATCHER {
     bool expecting = false;  // a MESSAGEBOXCATCHER lives
     int answer = IDOK;       // the button the boxes are closed with
     std::vector<std::string> texts;
+    std::vector<std::string> captions;
 };
 
 CATCHER& Catcher()
@@ -34,9 +35,12 @@ LRESULT CALLBACK CatchMessageBox(int code, WPARAM wParam, LPARAM lParam)
         if (IsMessageBox(box)) {
             char text[1024] = "";
             GetDlgItemTextA(box, 0xFFFF, text, sizeof text);  // a message box's text control
-            if (Catcher().expecting)
+            char caption[256] = "";
+            GetWindowTextA(box, caption, sizeof caption);
+            if (Catcher().expecting) {
                 Catcher().texts.push_back(text);
-            else
+                Catcher().captions.push_back(caption);
+            } else
                 ADD_FAILURE() << "unexpected message box: " << text;
             PostMessageA(box, WM_COMMAND, (WPARAM)Catcher().answer, 0);
         }
@@ -153,6 +157,7 @@ void CloseEveryMessageBox()
 MESSAGEBOXCATCHER::MESSAGEBOXCATCHER(int answer)
 {
     Catcher().texts.clear();
+    Catcher().captions.clear();
     Catcher().expecting = true;
     Catcher().answer = answer;
 }
@@ -166,6 +171,11 @@ MESSAGEBOXCATCHER::~MESSAGEBOXCATCHER()
 const std::vector<std::string>& MESSAGEBOXCATCHER::Texts() const
 {
     return Catcher().texts;
+}
+
+const std::vector<std::string>& MESSAGEBOXCATCHER::Captions() const
+{
+    return Catcher().captions;
 }
 
 std::string SourcePath(const char* relative)

@@ -45,13 +45,14 @@ private:
 // on one); a box that no MESSAGEBOXCATCHER expects fails the test.
 void CloseEveryMessageBox();
 
-// While it lives, message boxes are expected: their texts are recorded and
-// each is answered with the button given (IDYES, IDNO, IDCANCEL ...).
+// While it lives, message boxes are expected: their texts and captions are
+// recorded and each is answered with the button given (IDYES, IDNO, IDCANCEL ...).
 class MESSAGEBOXCATCHER {
 public:
     explicit MESSAGEBOXCATCHER(int answer = IDOK);
     ~MESSAGEBOXCATCHER();
     const std::vector<std::string>& Texts() const;
+    const std::vector<std::string>& Captions() const;
 };
 
 // A window's client area as it draws itself (WM_PRINTCLIENT), pixel by pixel

@@ -1,7 +1,11 @@
 // The workbench as users and scripts drive it: a separate process.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
+
+#include <objidl.h>  // gdiplus.h needs PROPID
+#include <gdiplus.h>
 
 #include "testhost.h"
 #include "../../host/workbench/saveprompt.h"
@@ -55,6 +59,27 @@ std::string WriteScript(const std::string& text)
     const std::string path = TempFolder() + "\\script.txt";
     std::ofstream(path, std::ios::binary) << text;
     return path;
+}
+
+// Pixels of a picture file within a rectangle that pass a test.
+template <class TEST_PIXEL>
+int CountPixels(const std::string& path, RECT area, TEST_PIXEL test)
+{
+    wchar_t wide[MAX_PATH];
+    MultiByteToWideChar(CP_ACP, 0, path.c_str(), -1, wide, MAX_PATH);
+    Gdiplus::Bitmap picture(wide);
+    if (picture.GetLastStatus() != Gdiplus::Ok)
+        return -1;
+    area.right = std::min<LONG>(area.right, (LONG)picture.GetWidth());
+    area.bottom = std::min<LONG>(area.bottom, (LONG)picture.GetHeight());
+    int count = 0;
+    for (LONG y = area.top; y < area.bottom; y++)
+        for (LONG x = area.left; x < area.right; x++) {
+            Gdiplus::Color colour;
+            picture.GetPixel(x, y, &colour);
+            count += test(colour.GetR(), colour.GetG(), colour.GetB()) ? 1 : 0;
+        }
+    return count;
 }
 
 }  // namespace
@@ -387,4 +412,58 @@ TEST(Workbench, AChangedDesignIsNotDroppedWithoutAsking)
         EXPECT_EQ(yes.Texts().size(), 2u);
     }
     EXPECT_EQ(g_saves, 2);
+}
+
+TEST(Workbench, ConfigurationWindowColumnLampsAndSelector)
+{
+    const std::string script = WriteScript(
+        "open ORNCST_4\n"
+        "column ORNCST_4\n"
+        "tab ORNCST_4 supervision\n"
+        "lamps ORNCST_4\n"
+        "click config:ORNCST_4 ZELFaults1\n"
+        "get ORNCST_4 FaultMask8\n"
+        "close ORNCST_4\n"
+        "tick 1100\n"
+        "open ORNCST_1\n"
+        "tick 400\n"
+        "column ORNCST_1\n"
+        "tab ORNCST_1 supervision\n"
+        "lamps ORNCST_1\n"
+        "choose ORNCST_1 ORNCST_4\n"
+        "tab ORNCST_4 configuration\n"
+        "close ORNCST_4\n");
+    const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
+    EXPECT_EQ(run.exitCode, 0u) << run.err;
+    // Offline: the monitoring toggle can be switched, every lamp is grey.
+    EXPECT_NE(run.out.find("lcdFireEmergencyMonitoring=0\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("grey grey grey grey grey grey grey grey grey grey\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("FaultMask8=0\n"), std::string::npos) << run.out;  // the default mask was 1
+    // Online: monitoring and the emergency key set are greyed.
+    EXPECT_NE(run.out.find("lcdFireEmergencyMonitoring=0 greyed\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("EmergencyCSTKeys="), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("connection=ORNCON_1.DOVRIXCSTModule\n"), std::string::npos) << run.out;
+}
+
+TEST(Workbench, SupervisionPictureShowsLabelsLampsAndIndicator)
+{
+    const std::string folder = TempFolder();
+    const std::string picture = folder + "\\supervision.png";
+    const std::string script = WriteScript("tick 1100\n"
+                                           "open ORNCST_1\n"
+                                           "tab ORNCST_1 supervision\n"
+                                           "shot config:ORNCST_1 " + picture + "\n"
+                                           "close ORNCST_1\n");
+    const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
+    ASSERT_EQ(run.exitCode, 0u) << run.err;
+    // The page stands at 50,100 with 500 x 500: its row labels (black
+    // text left of the mask toggles at 326), its lamps (ORNCST_1 is online
+    // with a power-supply fault: green and red), and the online indicator
+    // at the window's top right.
+    const RECT page = {50, 100, 550, 600}, labels = {50, 180, 50 + 320, 600};
+    EXPECT_GT(CountPixels(picture, labels, [](int r, int g, int b) { return r < 60 && g < 60 && b < 60; }), 200);
+    EXPECT_GT(CountPixels(picture, page, [](int r, int g, int b) { return g > 120 && r < g - 40 && b < g - 40; }), 40);
+    EXPECT_GT(CountPixels(picture, page, [](int r, int g, int b) { return r > 150 && g < r - 60 && b < r - 60; }), 10);
+    const RECT indicator = {1002 - 75, 3, 1002 - 75 + 52, 44};
+    EXPECT_GT(CountPixels(picture, indicator, [](int r, int g, int b) { return r < 90 && g < 90 && b < 90; }), 100);
 }

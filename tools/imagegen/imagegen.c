@@ -261,6 +261,68 @@ static int SaveBmp(cairo_surface_t* surface, const char* folder, const char* nam
     return WriteBmp(surface, path);
 }
 
+/* The Supervision page's state lamps, 15 x 13 on the page grey: a domed
+   lens in a dark bezel, grey (state unknown), green (no fault), red (fault). */
+static int Lamp(const char* folder, const char* name, RGB lens)
+{
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, 15, 13);
+    cairo_t* cr = cairo_create(surface);
+    Source(cr, Hex(0xD4D0C8), 1);
+    cairo_paint(cr);
+    const double cx = 7.5, cy = 6.5;
+    cairo_arc(cr, cx, cy, 6.2, 0, 2 * M_PI);
+    Source(cr, Hex(0x3A3D42), 1);
+    cairo_fill(cr);
+    cairo_pattern_t* dome = cairo_pattern_create_radial(cx - 1.6, cy - 1.8, 0.5, cx, cy, 5.2);
+    RGB light = Mix(lens, white, 0.65);
+    RGB deep = Mix(lens, black, 0.35);
+    cairo_pattern_add_color_stop_rgb(dome, 0, light.r, light.g, light.b);
+    cairo_pattern_add_color_stop_rgb(dome, 0.55, lens.r, lens.g, lens.b);
+    cairo_pattern_add_color_stop_rgb(dome, 1, deep.r, deep.g, deep.b);
+    cairo_arc(cr, cx, cy, 5.0, 0, 2 * M_PI);
+    cairo_set_source(cr, dome);
+    cairo_fill(cr);
+    cairo_pattern_destroy(dome);
+    cairo_arc(cr, cx - 1.7, cy - 1.9, 1.2, 0, 2 * M_PI);
+    Source(cr, white, 0.75);
+    cairo_fill(cr);
+    cairo_destroy(cr);
+    int failed = SaveBmp(surface, folder, name);
+    cairo_surface_destroy(surface);
+    return failed;
+}
+
+/* The configuration window's online indicator, 52 x 41: a lit green lamp
+   over "ONLINE", or a dark one over "OFFLINE", on the page grey. */
+static int OnlineIndicator(const char* folder, const char* name, int online)
+{
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, 52, 41);
+    cairo_t* cr = cairo_create(surface);
+    Source(cr, Hex(0xD4D0C8), 1);
+    cairo_paint(cr);
+    RoundedRect(cr, 1.5, 1.5, 49, 38, 4);
+    Source(cr, Hex(0x4C4C4C), 1);
+    cairo_fill(cr);
+    const RGB lens = online ? Hex(0x39D353) : Hex(0x2B4A31);
+    cairo_arc(cr, 26, 14, 8, 0, 2 * M_PI);
+    Source(cr, Hex(0x1E1F22), 1);
+    cairo_fill(cr);
+    cairo_pattern_t* dome = cairo_pattern_create_radial(24, 11.5, 0.5, 26, 14, 6.8);
+    RGB light = Mix(lens, white, online ? 0.7 : 0.25);
+    cairo_pattern_add_color_stop_rgb(dome, 0, light.r, light.g, light.b);
+    cairo_pattern_add_color_stop_rgb(dome, 1, lens.r, lens.g, lens.b);
+    cairo_arc(cr, 26, 14, 6.6, 0, 2 * M_PI);
+    cairo_set_source(cr, dome);
+    cairo_fill(cr);
+    cairo_pattern_destroy(dome);
+    Source(cr, online ? white : Hex(0xA0A0A0), 1);
+    Text(cr, online ? "ONLINE" : "OFFLINE", 26, 34, 8, 1, 0.5);
+    cairo_destroy(cr);
+    int failed = SaveBmp(surface, folder, name);
+    cairo_surface_destroy(surface);
+    return failed;
+}
+
 static void Bevel(cairo_t* cr, double x, double y, double w, double h, int sunken)
 {
     cairo_set_line_width(cr, 1);
@@ -1374,6 +1436,11 @@ static int ConsoleViewImages(const char* folder)
     failures += Toolbar(folder);
     failures += Logo(folder);
     failures += FocusMarker(folder);
+    failures += Lamp(folder, "lamp140.bmp", Hex(0x9A9EA3));
+    failures += Lamp(folder, "lamp141.bmp", Hex(0x2FBF4A));
+    failures += Lamp(folder, "lamp142.bmp", Hex(0xE0302A));
+    failures += OnlineIndicator(folder, "onlineled207.bmp", 1);
+    failures += OnlineIndicator(folder, "onlineled208.bmp", 0);
     return failures;
 }
 

@@ -1,0 +1,44 @@
+// What the configuration window keeps in its user data.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+#include "pageowners.h"
+#include "../../base/gdi.h"
+
+class CONSOLEPROPERTIES;
+
+struct CONFIGURATIONSTATE {
+    CONSOLEPROPERTIES* console = nullptr;
+    std::unique_ptr<CONFIGURATIONPROPERTIES> widgets;  // the column's widgets
+    HWND consoleView = NULL;
+    HWND viewButton = NULL;
+    HWND managerView = NULL;
+    HWND keyFunctionView = NULL;
+    HWND tabs = NULL;
+    HWND onlineIndicator = NULL;
+    HWND selector = NULL;
+    HWND diagnostics = NULL;
+    HWND update = NULL;
+    FontHandle selectorFont;
+    Brush field;                 // the pale yellow behind edit fields and the selector
+    Bitmap online;
+    Bitmap offline;
+    int viewPage = 0;            // the console view's layout: 0 side by side, 1 with page buttons
+    int shownOnline = -1;        // what the indicator shows
+    int fireMonitoringEnabled = -1;
+    int emergencyKeysEnabled = -1;
+    int listedConsoles = -1;     // the selector's count at the last tick
+    DWORD lampStamp = 0;         // when the Supervision page last had its lamps refreshed
+    bool rebuildNoted = false;
+};
+
+// The column (configurationcolumn.cpp).
+void CreateColumn(HWND hwnd, CONFIGURATIONSTATE* state);
+void AdaptColumnToConsole(CONFIGURATIONSTATE* state);
+void GreyDependentOptions(CONFIGURATIONSTATE* state);
+void RefreshSelector(CONFIGURATIONSTATE* state);
+// Shows or hides every widget of the column but the online indicator's.
+void ShowColumn(CONFIGURATIONSTATE* state, bool show);
