@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <stdio.h>
+#include <wchar.h>
 #include <string.h>
 
 #include <algorithm>
@@ -626,6 +627,10 @@ TEST(RuleTables, BoundedText)
     EXPECT_STREQ(four, "123");
     EXPECT_FALSE(FormatText(four, 0, "%d", 1));
     EXPECT_FALSE(FormatText(nullptr, 4, "%d", 1));
+    // A format that cannot be written leaves an empty buffer and says so.
+    char eight[8] = "xyz";
+    EXPECT_FALSE(FormatText(eight, sizeof eight, "%lc", (wint_t)0x100));
+    EXPECT_STREQ(eight, "");
     EXPECT_EQ(FormatString("%s-%03d", "key", 7), "key-007");
     EXPECT_EQ(FormatString("%s", ""), "");
     EXPECT_EQ(FormatString("%s", std::string(5000, 'z').c_str()).size(), 5000u);
@@ -645,7 +650,7 @@ TEST(RuleTables, BoundedText)
     EXPECT_STREQ(four, "abc");
     EXPECT_FALSE(CopyTextN(nullptr, 4, "a", 1));
 
-    char eight[8] = "ab";
+    CopyText(eight, "ab");
     EXPECT_TRUE(AppendText(eight, sizeof eight, "cde"));
     EXPECT_STREQ(eight, "abcde");
     EXPECT_TRUE(AppendText(eight, sizeof eight, "fg"));
