@@ -316,6 +316,34 @@ TEST(ConsoleTables, ExtensionStripsOfEverySlotAndPosition)
     EXPECT_TRUE(ExtensionKeys(0, -1, 0).empty());
 }
 
+TEST(ConsoleTables, ExtensionLedsAndLabelsSitWithTheirKeys)
+{
+    for (int type : {0, 3, 4})
+        for (int slot = 0; slot < 5; slot++) {
+            const std::vector<CONSOLEKEY> keys = ExtensionKeys(type, slot, slot);
+            const std::vector<CONSOLELED> leds = ExtensionLeds(type, slot, slot);
+            const std::vector<CONSOLEKEYLABEL> labels = ExtensionKeyLabels(type, slot, slot);
+            ASSERT_EQ(leds.size(), 20u);
+            ASSERT_EQ(labels.size(), 20u);
+            for (size_t i = 0; i < 20; i++) {
+                SCOPED_TRACE(keys[i].id);
+                // One green mark left of the key, centred on its 18 rows.
+                EXPECT_EQ(leds[i].key, keys[i].id);
+                EXPECT_EQ(leds[i].image, 109);
+                EXPECT_EQ(leds[i].list, LEDLIST_GREEN);
+                EXPECT_FALSE(leds[i].secondary);
+                EXPECT_LE(leds[i].left + 5, keys[i].left);
+                EXPECT_GT(leds[i].left + 5, keys[i].left - 64 + 31);  // not under the key to its left
+                EXPECT_EQ(2 * leds[i].top + 5, 2 * keys[i].top + 18 - 1);
+                // The label box under the key, centred on it.
+                EXPECT_EQ(labels[i].key, keys[i].id);
+                EXPECT_GE(labels[i].y, keys[i].top + 18);
+                EXPECT_LE(labels[i].y + labels[i].height, keys[i].top + 48);
+                EXPECT_FLOAT_EQ(2 * labels[i].x + labels[i].width, 2 * keys[i].left + 31);
+            }
+        }
+}
+
 TEST(ConsoleTables, KeyFrameChoice)
 {
     // Special keys: five 46-pixel frames of the 230-pixel strip.
