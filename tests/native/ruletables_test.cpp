@@ -124,6 +124,8 @@ TEST(RuleTables, CanvasTooltipLines)
         {"ELKCST_2", 3, 5, 2, "Hall", "Objectname: \tELKCST_2\nAddress: \t3 (0x03)\nType: \t\tELK-15CST, 2 ELK-20CSE\nName: \t\tHall"},
         {"ORNCST_3", 255, 4, 1, "", "Objectname: \tORNCST_3\nAddress: \t255 (0xff)\nType: \t\tORN-15CST, 1 ORN-20CSE\nName: \t\t"},
         {"X", 1, 6, 3, "K", "Objectname: \tX\nAddress: \t1 (0x01)\nType: \t\tORN-CSK\nName: \t\tK"},
+        {"Y", 2, 5, 1, "L", "Objectname: \tY\nAddress: \t2 (0x02)\nType: \t\tELK-15CST, 1 ELK-20CSE\nName: \t\tL"},
+        {"Z", 4, 4, 5, "M", "Objectname: \tZ\nAddress: \t4 (0x04)\nType: \t\tORN-15CST, 5 ORN-20CSE\nName: \t\tM"},
         {"X", 16, 3, 1, "K", "Objectname: \tX\nAddress: \t16 (0x10)\nType: \t\tELK-CSK\nName: \t\tK"},
     };
     for (const ROW& row : rows) {
