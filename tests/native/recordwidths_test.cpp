@@ -162,6 +162,14 @@ TEST(RecordWidths, ArithmeticRealsAreWrittenWithSixDecimals)
     EXPECT_FLOAT_EQ(slot.reals[1], -2.0f);
     EXPECT_FLOAT_EQ(slot.reals[2], 3.25f);
     EXPECT_STREQ(slot.text1, "Volume");
+    // The largest float is kept; only beyond it a real becomes infinite.
+    EXPECT_EQ(RoundTrip("Increase,V,3.40282346638528859812e+38,-3.40282346638528859812e+38,1e39,0,0"),
+              "Increase,V,340282346638528859811704183484516925440.000000,"
+              "-340282346638528859811704183484516925440.000000,inf,0,0");
+    // The logic variable is the first text.
+    const KEYSLOT logical = Parsed("Switch On,Lamp,1,2,3");
+    EXPECT_STREQ(logical.text1, "Lamp");
+    EXPECT_STREQ(logical.text2, "");
 }
 
 TEST(RecordWidths, OldestTalkPrechimeCodes)

@@ -106,7 +106,7 @@ TEST(RuleTables, ModelTextsFacesAndObjectNames)
     };
     const NAME names[] = {{"ORNCST_1", 4},  {"ORNCST_", 4},   {"ORNCST", 4},   {"ELKCST_1", 5},
                           {"ORNCSTX_1", 5}, {"ORNCS_1", 5},   {"ornCST_1", 5}, {"", 5},
-                          {"XORNCST_1", 5}, {"ORNCST_A_B", 4}};
+                          {"XORNCST_1", 5}, {"ORNCST_A_B", 4}, {"ORNCSX_1", 5}};
     for (const NAME& n : names)
         EXPECT_EQ(ModelFromObjectName(n.name), n.model) << n.name;
 }
@@ -631,7 +631,7 @@ TEST(RuleTables, BoundedText)
     EXPECT_FALSE(FormatText(nullptr, 4, "%d", 1));
     // A format that cannot be written leaves an empty buffer and says so.
     char eight[8] = "xyz";
-    EXPECT_FALSE(FormatText(eight, sizeof eight, "%lc", (wint_t)0x100));
+    EXPECT_FALSE(FormatText(eight, sizeof eight, "ab%lc", (wint_t)0x100));
     EXPECT_STREQ(eight, "");
     EXPECT_EQ(FormatString("%s-%03d", "key", 7), "key-007");
     EXPECT_EQ(FormatString("%s", ""), "");
