@@ -13,6 +13,17 @@ DWORD& ClockOffset()
     return offset;
 }
 
+// The real tick count the clock stands at while held.
+struct HELDCLOCK {
+    bool held = false;
+    DWORD at = 0;
+};
+HELDCLOCK& Held()
+{
+    static HELDCLOCK held;
+    return held;
+}
+
 DWORD WINAPI HostTickCount()
 {
     return a_GetTickCount();
@@ -53,7 +64,18 @@ ULONG_PTR* GetTickCountSlot(HMODULE module)
 
 DWORD a_GetTickCount()
 {
-    return GetTickCount() + ClockOffset();
+    return (Held().held ? Held().at : GetTickCount()) + ClockOffset();
+}
+
+void a_HoldClock(BOOL hold)
+{
+    HELDCLOCK& clock = Held();
+    if (hold && !clock.held) {
+        clock.at = GetTickCount();
+    } else if (!hold && clock.held) {
+        ClockOffset() += clock.at - GetTickCount();
+    }
+    clock.held = hold != FALSE;
 }
 
 void a_AdvanceClock(DWORD milliseconds)

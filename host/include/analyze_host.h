@@ -67,6 +67,10 @@ ANALYZE_API BOOL a_GetControlText(HWND widget, LPSTR text, int size);
 
 ANALYZE_API DWORD a_GetTickCount();
 ANALYZE_API void a_AdvanceClock(DWORD milliseconds);
+// While held, the clock stands still but for a_AdvanceClock, so that a test
+// can step the plug-in's time by exact amounts; releasing it goes on from
+// where it stood.
+ANALYZE_API void a_HoldClock(BOOL hold);
 ANALYZE_API BOOL a_UseHostClock(HMODULE module);
 
 // ---- Diagnostics ----------------------------------------------------------

@@ -136,24 +136,6 @@ int HitTest(HWND view, int x, int y)
 
 }  // namespace
 
-TEST_F(ConsoleView, HitTestsFindTheKeysOfEveryViewAndStrip)
-{
-    const std::pair<const char*, int> types[] = {{"ZEL4010", 0}, {"ORN-15CST", 4}, {"ELK-15CST", 5}, {"ELK-CSK", 3}};
-    for (const auto& type : types) {
-        SCOPED_TRACE(type.first);
-        design.Edit(std::string("ORNCST_1*type=") + type.first);
-        Paint();
-        for (const CONSOLEKEY& key : ConsoleKeys(type.second))
-            EXPECT_EQ(HitTest(view, key.left + 1, key.top + 1), key.id);
-        EXPECT_EQ(HitTest(view, 2, 430), -1);
-    }
-    design.Edit("ORNCST_1*type=ZEL4010");
-    design.Edit("ORNCST_1*ExtensionCount=2");
-    for (const CONSOLEKEY& key : ExtensionKeys(0, 1, 1))
-        EXPECT_EQ(HitTest(view, key.left + 1, key.top + 1), key.id);
-    EXPECT_EQ(HitTest(view, 311 * 1 + 467 + 39 + 64 * 3 + 1, 62 + 91 + 48 * 4 + 1), 54);
-}
-
 TEST_F(ConsoleView, PressesReachTheDeviceOnlyFromAConnectedConsole)
 {
     SendMessageA(view, CVM_SETEDITMODE, 0, 0);
@@ -275,11 +257,13 @@ TEST_F(ConsoleView, ExtensionsStopAtTheirLimitsWithTheirMessages)
         SendMessageA(view, WM_COMMAND, 20, 0);
     EXPECT_EQ(design.Get("ORNCST_1", "ExtensionCount"), "5");
     EXPECT_EQ(design.Get("ORNCST_1", "extensionTypes"), "1,1,1,1,1");
-    // Five strips side by side; where a sixth would stand there is nothing.
-    for (const CONSOLEKEY& key : ExtensionKeys(0, 4, 4))
-        EXPECT_EQ(HitTest(view, key.left + 1, key.top + 1), key.id);
-    for (const CONSOLEKEY& key : ExtensionKeys(0, 4, 5))
-        EXPECT_EQ(HitTest(view, key.left + 1, key.top + 1), -1);
+    // Five strips side by side, the fifth at x 311 * 4 + 467: its keys 95 to
+    // 114 from (1750, 153); where a sixth would stand there is nothing.
+    EXPECT_EQ(HitTest(view, 1750 + 1, 153 + 1), 95);
+    EXPECT_EQ(HitTest(view, 1750 + 64 + 1, 153 + 48 + 1), 100);
+    EXPECT_EQ(HitTest(view, 1750 + 192 + 1, 153 + 192 + 1), 114);
+    EXPECT_EQ(HitTest(view, 1750 + 311 + 1, 153 + 1), -1);
+    EXPECT_EQ(HitTest(view, 1750 + 311 + 192 + 1, 153 + 192 + 1), -1);
     for (int i = 0; i < 6; i++)
         SendMessageA(view, WM_COMMAND, 3, 0);
     EXPECT_EQ(design.Get("ORNCST_1", "ExtensionCount"), "0");
@@ -451,13 +435,13 @@ TEST_F(ConsoleView, ScrollingMovesThePictureAndItsHeader)
 
     RECT before, after;
     GetWindowRect(name, &before);
-    const CONSOLEKEY key = Key(0);
-    EXPECT_EQ(HitTest(other, key.left + 1, key.top + 1), 0);
+    const POINT key = {263, 152};  // key 0 of the front
+    EXPECT_EQ(HitTest(other, key.x + 1, key.y + 1), 0);
     SendMessageA(other, WM_HSCROLL, SB_LINERIGHT, 0);
     SendMessageA(other, WM_HSCROLL, SB_LINERIGHT, 0);
     GetWindowRect(name, &after);
     EXPECT_EQ(after.left, before.left - 20);
-    EXPECT_EQ(HitTest(other, key.left - 20 + 1, key.top + 1), 0);
+    EXPECT_EQ(HitTest(other, key.x - 20 + 1, key.y + 1), 0);
     SendMessageA(other, WM_HSCROLL, SB_LEFT, 0);
     GetWindowRect(name, &after);
     EXPECT_EQ(after.left, before.left);
