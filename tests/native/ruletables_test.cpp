@@ -85,8 +85,9 @@ TEST(RuleTables, ModelTextsFacesAndObjectNames)
     const char* const texts[7] = {"ZEL4010", "ZEL4020", "", "ELK-CSK", "ORN-15CST", "ELK-15CST", "ORN-CSK"};
     for (int model = 0; model < 7; model++) {
         EXPECT_STREQ(ModelText(model), texts[model]) << model;
-        if (model != 2)
+        if (model != 2) {
             EXPECT_EQ(ModelFromText(texts[model]), model) << model;
+        }
     }
     EXPECT_STREQ(ModelText(7), "");
     EXPECT_STREQ(ModelText(-1), "");

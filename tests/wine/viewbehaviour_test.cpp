@@ -294,9 +294,8 @@ TEST_F(ViewBehaviour, ScrollingToTheRightEndAndByTheThumb)
     DestroyWindow(other);
 }
 
-// Disabled until the view takes the thumb track's position from the message
-// (it reads the scroll bar's own track position, which only a drag sets).
-TEST_F(ViewBehaviour, DISABLED_ScrollingByTheThumbTrack)
+// The thumb track takes the position the message gives, as a drag would.
+TEST_F(ViewBehaviour, ScrollingByTheThumbTrack)
 {
     design.Load({"control=0 DOVRIXC \"ORNCST_ZEL4\" 0x54000000 40,0,20x20", "ORNCST_ZEL4*type=ZEL4010",
                  "ORNCST_ZEL4*ExtensionCount=3"});
