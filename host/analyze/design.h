@@ -23,6 +23,14 @@ public:
     CHashTable* GetHostinfoTable() override { return &byName; }
 
     void AppendOutput(const char* line);
+    // What an object reports while the host hands it a line is said with the
+    // object's name and, while a design file loads, the file and line number.
+    struct REPORTER {
+        std::string object;
+        std::string file;
+        int line = 0;
+    };
+    std::string Attributed(const char* text) const;
     LRESULT ChangeAlarmSources(REQUEST* request, bool add);
     bool SetVariable(const std::string& name, const std::string& value);
 
@@ -32,6 +40,7 @@ public:
     CHashTable byName;               // objects that told the host they exist
     std::vector<std::pair<std::string, std::string>> variables;
     std::vector<std::string> output;
+    REPORTER reporter;               // empty object: the host speaks for itself
     HOSTINFO* selection = nullptr;   // the object the user selected
     WORD mode = 0;                   // the objects' mode word: 0 run, 1 design
     int objectsAdded = 0;            // numbers the objects: their m_nConsoleNumber

@@ -1,6 +1,7 @@
 #include "configurationdialog.h"
 
 #include "../device/consoleproperties.h"
+#include "../device/liveconsoles.h"
 #include "../controls/flatcontrols.h"
 #include "../entry/module.h"
 #include "../firmware/updatedialog.h"
@@ -25,8 +26,13 @@ struct CONFIGURATIONSTATE {
 
 LRESULT Configuration_Create(HWND hwnd, const CREATESTRUCTA* create)
 {
-    CONFIGURATIONSTATE* state =
-        AttachWindowState(hwnd, new CONFIGURATIONSTATE{static_cast<CONSOLEPROPERTIES*>(create->lpCreateParams)});
+    // A design line can name this class too: only a console of ours will do.
+    CONSOLEPROPERTIES* console = LiveConsole(create->lpCreateParams);
+    if (!console) {
+        Trace("DOVRIXC: a configuration window needs a console to configure\n");
+        return -1;
+    }
+    CONFIGURATIONSTATE* state = AttachWindowState(hwnd, new CONFIGURATIONSTATE{console});
     HWND update = CreateWindowExA(0, "BUTTON", "UPDATE", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, 891, 570,
                                   100, 18, hwnd, (HMENU)(INT_PTR)IDC_CONFIGURATION_UPDATE, ModuleInstance(), NULL);
     SendMessageA(update, WM_SETFONT, (WPARAM)a_GetFont("MS Sans Serif,8"), FALSE);

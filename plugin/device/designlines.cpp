@@ -1,5 +1,6 @@
 #include "designlines.h"
 
+#include <limits.h>
 #include <stdio.h>
 #include <string.h>
 
@@ -33,4 +34,44 @@ bool IsOldProjectVersion(const char* version)
     sscanf(version, "V %d.%d.%d", &major, &minor, &patch);
     // Both conditions on their own numbers: V 2.9.0 is not old, V 0.7.0 is.
     return major < 3 && minor < 8;
+}
+
+namespace {
+
+// Past the decimal number that ScanLeadingInt read at text.
+const char* SkipNumber(const char* text)
+{
+    while (*text == ' ' || *text == '\t')
+        text++;
+    if (*text == '+' || *text == '-')
+        text++;
+    while (*text >= '0' && *text <= '9')
+        text++;
+    return text;
+}
+
+}  // namespace
+
+bool ParsePosition(const char* text, int* x, int* y)
+{
+    if (!text || !ScanLeadingInt(text, x))
+        return false;
+    const char* comma = SkipNumber(text);
+    return *comma == ',' && ScanLeadingInt(comma + 1, y);
+}
+
+int PullBackInside(int position, int extent, int limit)
+{
+    const long long highest = (long long)limit - extent;
+    if ((long long)position <= highest)
+        return position;
+    if (highest < INT_MIN)
+        return INT_MIN;
+    return (int)highest;
+}
+
+int AddSaturated(int a, int b)
+{
+    const long long sum = (long long)a + b;
+    return sum > INT_MAX ? INT_MAX : sum < INT_MIN ? INT_MIN : (int)sum;
 }

@@ -14,3 +14,14 @@ bool ShiftOldFaultMaskKey(char* key, size_t size);
 // Whether a "projectversion" text names a project older than the test fault
 // mask ("V %d.%d.%d", missing parts 0; empty text is not old).
 bool IsOldProjectVersion(const char* version);
+
+// "%d,%d" of a screen position, as "hostrect" carries it; refuses numbers
+// that do not fit an int.
+bool ParsePosition(const char* text, int* x, int* y);
+
+// Pulls a position back so that position + extent stays at most limit,
+// without overflowing whatever the three values are.
+int PullBackInside(int position, int extent, int limit);
+
+// a + b, held at INT_MIN and INT_MAX instead of wrapping.
+int AddSaturated(int a, int b);
