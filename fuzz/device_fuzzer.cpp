@@ -1,13 +1,15 @@
 // Feeds arbitrary bytes to the simulated controller's parsers: the upload
-// request the plug-in writes ("%d|%s|%s|%s|%s") and the device state text of
-// the workbench's device lines. A request that parses formats back into one
-// that parses the same; a state text that loads is a fixed point after one
-// round.
+// request the plug-in writes ("%d|%s|%s|%s|%s"), the state text of its
+// "device=" lines, its "ports" list and a console's port position. A request
+// that parses formats back into one that parses the same; a state text and a
+// port list that load are fixed points after one round.
 #include <stdint.h>
 #include <stdlib.h>
 
 #include <string>
+#include <vector>
 
+#include "../host/controllers/portlist.h"
 #include "../host/controllers/simdevice.h"
 #include "../host/controllers/simupload.h"
 #include "../base/trace.h"
@@ -44,6 +46,19 @@ void CheckStateText(const std::string& text)
         abort();
 }
 
+void CheckPorts(const std::string& text)
+{
+    std::vector<std::string> ports;
+    if (SplitPorts(text, &ports)) {
+        std::vector<std::string> again;
+        if (JoinPorts(ports) != text || !SplitPorts(JoinPorts(ports), &again) || again != ports)
+            abort();
+    }
+    std::string port;
+    int address = 0, model = 0;
+    ParsePortPosition(text.c_str(), &port, &address, &model);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
@@ -51,5 +66,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const std::string text(reinterpret_cast<const char*>(data), size);
     CheckUploadRequest(text);
     CheckStateText(text);
+    CheckPorts(text);
     return 0;
 }
