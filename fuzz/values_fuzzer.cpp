@@ -1,17 +1,20 @@
 // Feeds arbitrary bytes to the parsers of a console's values as a design
 // file or a device hands them over: the "hostrect" position, the object name
 // split at its parent path, the model from the name, the "leds" text, the
-// keyword lookup and the names the host accepts. Besides not crashing:
+// keyword lookup, the names the host accepts, the "layer" list, the
+// "extensionTypes" values and the connection text. Besides not crashing:
 // positions are pulled back without overflow, a name splits into parts that
 // join back to it, the LED text is a fixed point after one round, a keyword
-// found is the keyword asked for, and every name the host accepts is written
-// into a control line that parses back to the same name.
+// found is the keyword asked for, every name the host accepts is written into
+// a control line that parses back to the same name, a layer list joined back
+// splits into the same layers, and a connection splits at its first dot.
 #include <limits.h>
 #include <stdint.h>
 #include <stdlib.h>
 #include <string.h>
 
 #include <string>
+#include <vector>
 
 #include "../host/analyze/designtext.h"
 #include "../plugin/console/ledstates.h"
@@ -99,6 +102,32 @@ void CheckKeyword(const char* text)
         abort();
 }
 
+void CheckLists(const char* text)
+{
+    // Layers: joined back and split again, the same names.
+    const std::vector<std::string> layers = SplitLayerList(text, 128);
+    std::string joined;
+    for (const std::string& layer : layers) {
+        if (layer.empty() || layer.size() > 127 || layer.find(',') != std::string::npos)
+            abort();
+        joined += (joined.empty() ? "" : ",") + layer;
+    }
+    if (SplitLayerList(joined.c_str(), 128) != layers)
+        abort();
+
+    const int used = CountExtensionTypes(text, 5);
+    if (used < 0 || used > 5)
+        abort();
+
+    const CONNECTIONTEXT connection = SplitConnection(text);
+    if (connection.valid && (connection.port.find("CST") == std::string::npos ||
+                             (connection.controller.find("ORNCON_") == std::string::npos &&
+                              connection.controller.find("ELKCON_") == std::string::npos)))
+        abort();
+    if (strchr(text, '.') && connection.controller + "." + connection.port != text)
+        abort();
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
@@ -109,5 +138,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     CheckName(terminated);
     CheckLeds(terminated);
     CheckKeyword(terminated);
+    CheckLists(terminated);
     return 0;
 }

@@ -75,3 +75,50 @@ int AddSaturated(int a, int b)
     const long long sum = (long long)a + b;
     return sum > INT_MAX ? INT_MAX : sum < INT_MIN ? INT_MIN : (int)sum;
 }
+
+int CountExtensionTypes(const char* text, int count)
+{
+    int used = 0;
+    const char* p = text;
+    for (int slot = 0; p && slot < count; slot++) {
+        int value = 0;
+        if (!ScanLeadingInt(p, &value))
+            break;
+        if (value != 0)
+            used++;
+        p = strchr(p, ',');
+        if (p)
+            p++;
+    }
+    return used;
+}
+
+std::vector<std::string> SplitLayerList(const char* text, size_t nameSize)
+{
+    std::vector<std::string> layers;
+    const char* start = text ? text : "";
+    while (*start) {
+        const size_t length = strcspn(start, ",");
+        const size_t kept = nameSize > 0 && length > nameSize - 1 ? nameSize - 1 : length;
+        if (kept > 0)
+            layers.emplace_back(start, kept);
+        start += length;
+        if (*start == ',')
+            start++;
+    }
+    return layers;
+}
+
+CONNECTIONTEXT SplitConnection(const char* text)
+{
+    CONNECTIONTEXT parts;
+    const char* dot = text ? strchr(text, '.') : nullptr;
+    if (!dot)
+        return parts;
+    parts.controller.assign(text, dot);
+    parts.port = dot + 1;
+    parts.valid = (parts.controller.find("ELKCON_") != std::string::npos ||
+                   parts.controller.find("ORNCON_") != std::string::npos) &&
+                  parts.port.find("CST") != std::string::npos;
+    return parts;
+}

@@ -3,6 +3,9 @@
 
 #include <stddef.h>
 
+#include <string>
+#include <vector>
+
 // Splits a full object name at its last "*": prefix gets everything up to and
 // including it (empty when there is none), the result points at the local name.
 const char* SplitObjectName(const char* fullName, char* prefix, size_t prefixSize);
@@ -25,3 +28,19 @@ int PullBackInside(int position, int extent, int limit);
 
 // a + b, held at INT_MIN and INT_MAX instead of wrapping.
 int AddSaturated(int a, int b);
+
+// "extensionTypes": up to count comma-separated decimals, stopping at the
+// first that does not parse; answers how many of them are not 0.
+int CountExtensionTypes(const char* text, int count);
+
+// "layer": the layer names joined by ","; empty names are dropped and each
+// is cut to nameSize - 1 characters.
+std::vector<std::string> SplitLayerList(const char* text, size_t nameSize);
+
+// "CONTROLLER.PORT" of a console's connection.
+struct CONNECTIONTEXT {
+    std::string controller;
+    std::string port;
+    bool valid = false;  // a controller of either family and a console port
+};
+CONNECTIONTEXT SplitConnection(const char* text);

@@ -135,17 +135,8 @@ int LayerHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     if (!IsWrite(r, REQTYPE_TEXT))
         return 0;
     a_EmptyStringList(&c->m_strings);
-    const char* start = TextOf(r);
-    while (*start) {
-        const size_t length = strcspn(start, ",");
-        char layer[SHORTTEXT_SIZE];
-        CopyTextN(layer, sizeof layer, start, length);
-        if (layer[0])
-            a_AddString(&c->m_strings, layer);
-        start += length;
-        if (*start == ',')
-            start++;
-    }
+    for (const std::string& layer : SplitLayerList(TextOf(r), SHORTTEXT_SIZE))
+        a_AddString(&c->m_strings, layer.c_str());
     return 1;
 }
 

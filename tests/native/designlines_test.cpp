@@ -88,3 +88,19 @@ TEST(HostRect, PullingBackSaturates)
     EXPECT_EQ(AddSaturated(-2147483647 - 1, -1), -2147483647 - 1);
     EXPECT_EQ(AddSaturated(40, 20), 60);
 }
+
+TEST(ConsoleValues, LayerListsExtensionTypesAndConnections)
+{
+    EXPECT_EQ(SplitLayerList("Ground,,Floor 1,", 128), (std::vector<std::string>{"Ground", "Floor 1"}));
+    EXPECT_EQ(SplitLayerList(std::string(200, 'L').c_str(), 128), std::vector<std::string>{std::string(127, 'L')});
+    EXPECT_EQ(CountExtensionTypes("1,0,2,0,3,4", 5), 3);
+    EXPECT_EQ(CountExtensionTypes("1,x,2", 5), 1);
+    EXPECT_EQ(CountExtensionTypes("", 5), 0);
+    const CONNECTIONTEXT good = SplitConnection("ORNCON_1.DOVRIXCSTModule");
+    EXPECT_TRUE(good.valid);
+    EXPECT_EQ(good.controller, "ORNCON_1");
+    EXPECT_EQ(good.port, "DOVRIXCSTModule");
+    EXPECT_FALSE(SplitConnection("ORNCON_1.PORT9").valid);
+    EXPECT_FALSE(SplitConnection("NOSUCH_1.DOVRIXCSTModule").valid);
+    EXPECT_FALSE(SplitConnection("ORNCON_1").valid);
+}
