@@ -2,6 +2,8 @@
 #include "design.h"
 
 
+#include <string.h>
+
 #include <algorithm>
 
 #include "../../base/text.h"
@@ -128,6 +130,18 @@ LRESULT DESIGN::OnMessage(WPARAM, LPARAM lParam)
         return 1;
     }
     return 0;
+}
+
+std::string DESIGN::Attributed(const char* text) const
+{
+    std::string said;
+    if (!reporter.file.empty())
+        said = reporter.file + "(" + std::to_string(reporter.line) + "): ";
+    // Texts that name their object already ("%s: Error reading audio input...") keep their own.
+    const std::string named = reporter.object + ":";
+    if (!reporter.object.empty() && strncmp(text, named.c_str(), named.size()) != 0)
+        said += reporter.object + ": ";
+    return said + text;
 }
 
 void DESIGN::AppendOutput(const char* line)

@@ -23,6 +23,14 @@ public:
     CHashTable* GetHostinfoTable() override { return &byName; }
 
     void AppendOutput(const char* line);
+    // What an object reports while the host hands it a line is said with the
+    // object's name and, while a design file loads, the file and line number.
+    struct REPORTER {
+        std::string object;
+        std::string file;
+        int line = 0;
+    };
+    std::string Attributed(const char* text) const;
     LRESULT ChangeAlarmSources(REQUEST* request, bool add);
     bool SetVariable(const std::string& name, const std::string& value);
     // The host lines as saved: "projectversion" first in the host's own version.
@@ -35,6 +43,7 @@ public:
     std::vector<std::pair<std::string, std::string>> variables;
     std::string hostVersion;         // the host's project version; empty: save as loaded
     std::vector<std::string> output;
+    REPORTER reporter;               // empty object: the host speaks for itself
     HOSTINFO* selection = nullptr;   // the object the user selected
     WORD mode = 0;                   // the objects' mode word: 0 run, 1 design
     int objectsAdded = 0;            // numbers the objects: their m_nConsoleNumber

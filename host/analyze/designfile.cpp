@@ -1,7 +1,10 @@
 // Reading and writing design files.
 #include <stdio.h>
 
+#include <string.h>
+
 #include <string>
+#include <vector>
 
 #include "design.h"
 #include "designtext.h"
@@ -15,14 +18,45 @@ namespace {
 struct LINESOURCE {
     const char* file;
     int number;
+    std::vector<std::string>* refusedNames;  // objects whose control line was refused
 };
 
-void Refuse(DESIGN* design, const LINESOURCE& source, const char* what, const std::string& detail)
+// While obj takes a line, what it reports is said with its name and the line's place.
+class REPORTING {
+public:
+    REPORTING(DESIGN* design, const std::string& object, const LINESOURCE& source)
+        : m_design(design), m_previous(design->reporter)
+    {
+        design->reporter = DESIGN::REPORTER{object, source.file ? source.file : "", source.number};
+    }
+    ~REPORTING() { m_design->reporter = m_previous; }
+
+private:
+    DESIGN* m_design;
+    DESIGN::REPORTER m_previous;
+};
+
+// The lines of an object that was refused name it before their "*"; without
+// this a name holding "=" would turn them into host variables.
+bool IsLineOfRefused(const char* text, size_t length, const LINESOURCE& source, std::string* name)
+{
+    if (!source.refusedNames)
+        return false;
+    for (const std::string& refused : *source.refusedNames) {
+        if (length > refused.size() && memcmp(text, refused.data(), refused.size()) == 0 && text[refused.size()] == '*') {
+            *name = refused;
+            return true;
+        }
+    }
+    return false;
+}
+
+void Refuse(DESIGN* design, const LINESOURCE& source, const std::string& what, const std::string& detail)
 {
     if (source.file)
-        EDITTRACE(design, "%s(%d): %s %s", source.file, source.number, what, detail.c_str());
+        EDITTRACE(design, "%s(%d): %s %s", source.file, source.number, what.c_str(), detail.c_str());
     else
-        EDITTRACE(design, "%s %s", what, detail.c_str());
+        EDITTRACE(design, "%s %s", what.c_str(), detail.c_str());
 }
 
 HOSTINFO* FindObjectOf(DESIGN* design, const std::string& name)
@@ -39,6 +73,13 @@ bool CreateFromControlLine(DESIGN* design, const DESIGNLINE& line, const LINESOU
         return false;
     }
     const std::string fullName = line.object + spec.name;
+    std::string why;
+    if (!IsWritableObjectName(line.object, spec.name, &why)) {
+        Refuse(design, source, "Object name cannot be saved, it holds " + why + ":", fullName);
+        if (source.refusedNames)
+            source.refusedNames->push_back(fullName);
+        return false;
+    }
     if (fullName.size() >= HOSTNAME_SIZE) {
         Refuse(design, source, "Object name too long:", fullName);
         return false;
@@ -63,6 +104,7 @@ bool CreateFromControlLine(DESIGN* design, const DESIGNLINE& line, const LINESOU
     create.cy = spec.cy;
     create.notify = design->surface;
     HWND parent = (spec.style & WS_CHILD) ? design->surface : NULL;
+    REPORTING reporting(design, fullName, source);
     HWND hwnd = CreateWindowExA(spec.exStyle, spec.className.c_str(), spec.name.c_str(), spec.style, spec.x, spec.y,
                                 spec.cx, spec.cy, parent, NULL, GetModuleHandleA(NULL), &create);
     if (!hwnd) {
@@ -77,6 +119,27 @@ bool CreateFromControlLine(DESIGN* design, const DESIGNLINE& line, const LINESOU
     return true;
 }
 
+// An object may keep less of a long value than the line held (a name of at
+// most 128 characters): the user hears of it, so what a save writes is no
+// surprise. Only values past the shortest such bound are read back.
+void ReportShortened(HOSTINFO* obj, const DESIGNLINE& line)
+{
+    const size_t kShortestBound = 128;
+    if (line.value.size() < kShortestBound)
+        return;
+    std::vector<char> kept(REQUEST_TEXT_SIZE, '\0');
+    REQUEST read = {REQ_READ, 0, REQTYPE_TEXT, REQMODE_EDIT, kept.data(), line.keyword.c_str(), nullptr};
+    if (obj->m_hWnd && IsWindow(obj->m_hWnd))
+        SendMessageA(obj->m_hWnd, WM_HOST_MESSAGE, 0, (LPARAM)&read);
+    else
+        obj->OnMessage(0, (LPARAM)&read);
+    kept.back() = '\0';
+    const size_t length = strlen(kept.data());
+    if (length > 0 && length < line.value.size() && line.value.compare(0, length, kept.data()) == 0)
+        EDITTRACE(DesignOf(obj), "%s shortened to %u of its %u characters", line.keyword.c_str(), (unsigned)length,
+                  (unsigned)line.value.size());
+}
+
 bool LoadObjectLine(DESIGN* design, const DESIGNLINE& line, int mode, const LINESOURCE& source)
 {
     HOSTINFO* obj = FindObjectOf(design, line.object);
@@ -85,15 +148,22 @@ bool LoadObjectLine(DESIGN* design, const DESIGNLINE& line, int mode, const LINE
         return false;
     }
     const std::string text = line.keyword + "=" + line.value;
+    REPORTING reporting(design, line.object, source);
     if (obj->m_hWnd && IsWindow(obj->m_hWnd))
         SendMessageA(obj->m_hWnd, WM_HOST_LOAD, (WPARAM)mode, (LPARAM)text.c_str());
     else
         obj->OnLoad((WPARAM)mode, (LPARAM)text.c_str());
+    ReportShortened(obj, line);
     return true;
 }
 
 bool LoadOneLine(DESIGN* design, const char* text, size_t length, int mode, const LINESOURCE& source)
 {
+    std::string refused;
+    if (IsLineOfRefused(text, length, source, &refused)) {
+        Refuse(design, source, "Line of a refused object:", refused);
+        return false;
+    }
     const DESIGNLINE line = SplitDesignLine(text, length);
     switch (line.kind) {
     case DESIGNLINE_EMPTY:
@@ -152,7 +222,8 @@ BOOL a_LoadFile(HOSTINFO* root, LPCSTR path)
     }
     const char* name = strrchr(path, '\\');
     name = name ? name + 1 : path;
-    LINESOURCE source = {name, 0};
+    std::vector<std::string> refusedNames;
+    LINESOURCE source = {name, 0, &refusedNames};
     size_t start = 0;
     while (start < content.size()) {
         size_t end = content.find('\n', start);
@@ -171,7 +242,7 @@ BOOL a_LoadLine(HOSTINFO* root, LPCSTR line, int mode)
     DESIGN* design = FindDesign(root);
     if (!design || !line)
         return FALSE;
-    return LoadOneLine(design, line, strlen(line), mode, LINESOURCE{nullptr, 0});
+    return LoadOneLine(design, line, strlen(line), mode, LINESOURCE{nullptr, 0, nullptr});
 }
 
 BOOL a_SaveFile(HOSTINFO* root, LPCSTR path)

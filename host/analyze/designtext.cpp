@@ -248,3 +248,18 @@ bool CopyLineValue(const char* line, char* value, size_t size)
     const char* start = equals + 1;
     return CopyPart(start, strcspn(start, "\r\n"), value, size);
 }
+
+bool IsWritableObjectName(const std::string& parent, const std::string& local, std::string* why)
+{
+    if (local.find('"') != std::string::npos || parent.find('"') != std::string::npos)
+        *why = "a double quote";
+    else if (local.find('=') != std::string::npos || parent.find('=') != std::string::npos)
+        *why = "\"=\"";
+    else if (local.find('*') != std::string::npos)
+        *why = "\"*\" outside its parent path";
+    else if (!local.empty() && local.back() == '\\')
+        *why = "a backslash at its end";
+    else
+        return true;
+    return false;
+}

@@ -50,3 +50,11 @@ bool SplitKeyValue(const std::string& line, std::string* key, std::string* value
 // (the buffer then holds the truncated text).
 bool CopyLineKey(const char* line, char* key, size_t size);
 bool CopyLineValue(const char* line, char* value, size_t size);
+
+// Whether an object named parent + local can be written back: its control
+// line quotes the local name and its property lines are split at the first
+// "=" and the last "*" before it. So the local name holds no double quote,
+// "=" or "*" and does not end in a backslash (which would escape the closing
+// quote), and the parent path holds no double quote or "=". On refusal why
+// says what the name holds.
+bool IsWritableObjectName(const std::string& parent, const std::string& local, std::string* why);

@@ -1,6 +1,7 @@
 // Small exported helpers: line halves, rectangle strings, paths, host objects.
 #include "designtext.h"
 #include "design.h"
+#include "runfolder.h"
 
 #include <map>
 #include <string>
@@ -62,13 +63,14 @@ LPSTR a_MakeFullPathName(LPCSTR name, LPSTR path, int size)
     return path;
 }
 
+// Below the run's own folder, never the shared one: a name cannot reach a user's file.
 LPSTR a_MakeFullTempPathName(LPCSTR name, LPSTR path, int size)
 {
     if (!path || size <= 0)
         return path;
-    char folder[MAX_PATH];
-    DWORD length = GetTempPathA(sizeof folder, folder);
-    if (length == 0 || length >= sizeof folder || !FormatText(path, (size_t)size, "%s%s", folder, name ? name : ""))
+    CreateRunFolder();
+    const char* folder = RunFolder();
+    if (!folder[0] || !FormatText(path, (size_t)size, "%s%s", folder, name ? name : ""))
         path[0] = '\0';
     return path;
 }

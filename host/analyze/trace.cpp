@@ -48,5 +48,5 @@ void EDITTRACE(HOSTINFO* obj, LPCSTR format, ...)
     va_end(args);
     TRACE("EDITTRACE: %s\n", text);
     if (DESIGN* design = DesignOf(obj))
-        design->AppendOutput(text);
+        design->AppendOutput(design->Attributed(text).c_str());
 }

@@ -1,4 +1,5 @@
 #include "controller.h"
+#include "portlist.h"
 
 #include <stdio.h>
 
@@ -148,61 +149,10 @@ std::string RequestName(const REQUEST* r)
     return r->value ? static_cast<const char*>(r->value) : "";
 }
 
-// "PORT,ADDRESS[,MODEL]"
-bool ParsePosition(const char* params, std::string* port, int* address, int* model)
-{
-    const char* comma = params ? strchr(params, ',') : nullptr;
-    if (!comma)
-        return false;
-    port->assign(params, comma);
-    int parsedModel = 0;
-    char rest[64];
-    if (!CopyText(rest, comma + 1))
-        return false;
-    char* second = strchr(rest, ',');
-    if (second) {
-        *second = '\0';
-        if (!ParseInt(second + 1, &parsedModel))
-            return false;
-    }
-    if (!ParseInt(rest, address))
-        return false;
-    if (model)
-        *model = parsedModel;
-    return true;
-}
-
 void WriteLine(HANDLE file, const std::string& line)
 {
     DWORD written = 0;
     WriteFile(file, line.data(), (DWORD)line.size(), &written, NULL);
-}
-
-std::string JoinPorts(const std::vector<std::string>& ports)
-{
-    std::string text;
-    for (const std::string& port : ports)
-        text += (text.empty() ? "" : ",") + port;
-    return text;
-}
-
-bool SplitPorts(const std::string& text, std::vector<std::string>* ports)
-{
-    std::vector<std::string> parsed;
-    size_t start = 0;
-    while (start <= text.size()) {
-        size_t end = text.find(',', start);
-        if (end == std::string::npos)
-            end = text.size();
-        const std::string port = text.substr(start, end - start);
-        // A console port carries "CST" in its name, and names contain no "." or ",".
-        if (port.find("CST") == std::string::npos || port.find('.') != std::string::npos)
-            return false;
-        parsed.push_back(port);
-        start = end + 1;
-    }
-    *ports = parsed;
-    return true;
 }
 
 // The connected console of this controller whose number in the design is
@@ -404,7 +354,7 @@ BOOL CONTROLLER::OnConnectSource(LPCSTR source, LPCSTR params)
 {
     std::string port;
     int address = 0, model = 0;
-    if (deleted || !source || !ParsePosition(params, &port, &address, &model) || address < 1 || address > 16)
+    if (deleted || !source || !ParsePortPosition(params, &port, &address, &model) || address < 1 || address > 16)
         return FALSE;
     bool known = false;
     for (const std::string& name : ports)
@@ -427,7 +377,7 @@ BOOL CONTROLLER::OnDisconnectSource(LPCSTR source, LPCSTR params)
     std::string port;
     int address = 0;
     SIMDEVICE* device = source ? Device(source, false) : nullptr;
-    if (!device || !device->connected || !ParsePosition(params, &port, &address, nullptr) ||
+    if (!device || !device->connected || !ParsePortPosition(params, &port, &address, nullptr) ||
         device->port != port || device->address != address)
         return FALSE;
     device->connected = false;

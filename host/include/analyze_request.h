@@ -32,8 +32,9 @@ enum {
 };
 
 // A text value buffer (type 11) holds at least this many bytes; whoever fills
-// one writes no more. The longest key record fits.
-enum { REQUEST_TEXT_SIZE = 1024 };
+// one writes no more. A value as long as a design line allows (the layer list
+// of a design with many layers) fits, so saving never cuts one.
+enum { REQUEST_TEXT_SIZE = 4096 };
 
 enum {
     REQMODE_EDIT = 0,

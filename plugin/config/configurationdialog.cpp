@@ -7,6 +7,7 @@
 #include "controldescriptor.h"
 #include "diagnosticspage.h"
 #include "../device/consoleproperties.h"
+#include "../device/liveconsoles.h"
 #include "../controls/flatcontrols.h"
 #include "../entry/module.h"
 #include "../firmware/updatedialog.h"
@@ -231,9 +232,10 @@ void Tick(CONFIGURATIONSTATE* state)
 
 LRESULT Configuration_Create(HWND hwnd, const CREATESTRUCTA* create)
 {
-    CONSOLEPROPERTIES* console = AsConsole(static_cast<HOSTINFO*>(create->lpCreateParams));
+    // A design line can name this class too: only a console of ours will do.
+    CONSOLEPROPERTIES* console = LiveConsole(create->lpCreateParams);
     if (!console) {
-        Trace("DOVRIXC: a configuration window needs a console\n");
+        Trace("DOVRIXC: a configuration window needs a console to configure\n");
         return -1;
     }
     CONFIGURATIONSTATE* state = AttachWindowState(hwnd, new CONFIGURATIONSTATE);

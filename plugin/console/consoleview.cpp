@@ -10,6 +10,7 @@
 #include "viewrules.h"
 #include "viewstate.h"
 #include "../device/consoleproperties.h"
+#include "../device/liveconsoles.h"
 #include "../entry/module.h"
 #include "../keys/keycatalogue.h"
 #include "../protocol.h"
@@ -98,8 +99,7 @@ void CreateTooltip(HWND hwnd, CONSOLEVIEW* view)
 
 LRESULT View_Create(HWND hwnd, const CREATESTRUCTA* create)
 {
-    HOSTINFO* obj = static_cast<HOSTINFO*>(create->lpCreateParams);
-    CONSOLEPROPERTIES* console = AsConsole(obj);
+    CONSOLEPROPERTIES* console = AsConsole(LiveConsole(create->lpCreateParams));
     if (!console) {
         Trace("DOVRIXC: a console view needs a console to show\n");
         return -1;

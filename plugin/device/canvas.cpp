@@ -8,6 +8,7 @@
 #include "canvastext.h"
 #include "consolekeywords.h"
 #include "consoleproperties.h"
+#include "designlines.h"
 #include "handlers.h"
 #include "partner.h"
 #include "../config/configurationdialog.h"
@@ -70,12 +71,12 @@ LRESULT Canvas_Create(HWND hwnd, const CREATESTRUCTA* create)
     const UINT width = face.m_pImage ? face.GetWidth() : 0;
     const UINT height = face.m_pImage ? face.GetHeight() : 0;
     if (width && height) {
-        c->m_rect.right = c->m_rect.left + (LONG)width;
-        c->m_rect.bottom = c->m_rect.top + (LONG)height;
+        c->m_rect.right = AddSaturated(c->m_rect.left, (int)width);
+        c->m_rect.bottom = AddSaturated(c->m_rect.top, (int)height);
         SetWindowPos(hwnd, NULL, 0, 0, (int)width, (int)height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     } else {
-        c->m_rect.right = c->m_rect.left + (record ? record->cx : create->cx);
-        c->m_rect.bottom = c->m_rect.top + (record ? record->cy : create->cy);
+        c->m_rect.right = AddSaturated(c->m_rect.left, record ? record->cx : create->cx);
+        c->m_rect.bottom = AddSaturated(c->m_rect.top, record ? record->cy : create->cy);
     }
 
     CopyText(c->m_szDisplayName, "Untitled");

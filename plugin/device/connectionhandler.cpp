@@ -5,6 +5,7 @@
 #include <string>
 
 #include "consoleproperties.h"
+#include "designlines.h"
 #include "handlerkit.h"
 #include "handlers.h"
 
@@ -13,26 +14,6 @@
 namespace {
 
 // "CONTROLLER.PORT", split at its first ".".
-struct CONNECTIONTEXT {
-    std::string controller;
-    std::string port;
-    bool valid = false;  // a controller of either family and a console port
-};
-
-CONNECTIONTEXT SplitConnection(const char* text)
-{
-    CONNECTIONTEXT parts;
-    const char* dot = text ? strchr(text, '.') : nullptr;
-    if (!dot)
-        return parts;
-    parts.controller.assign(text, dot);
-    parts.port = dot + 1;
-    parts.valid = (parts.controller.find("ELKCON_") != std::string::npos ||
-                   parts.controller.find("ORNCON_") != std::string::npos) &&
-                  parts.port.find("CST") != std::string::npos;
-    return parts;
-}
-
 bool IsConsoleName(const char* name)
 {
     return strstr(name, "ELKCST_") || strstr(name, "ORNCST_");

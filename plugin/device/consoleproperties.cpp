@@ -4,6 +4,7 @@
 
 #include "consolekeywords.h"
 #include "designlines.h"
+#include "liveconsoles.h"
 #include "../protocol.h"
 #include "../console/consoleview.h"
 #include "../console/keygeometry.h"
@@ -43,10 +44,12 @@ CONSOLEPROPERTIES::CONSOLEPROPERTIES()
       m_reportFaultsCache(0), m_audioCheckDue(false)
 {
     m_szDisplayName[0] = '\0';
+    AddLiveConsole(this);
 }
 
 CONSOLEPROPERTIES::~CONSOLEPROPERTIES()
 {
+    RemoveLiveConsole(this);
     ZeroMemory(m_keys, sizeof m_keys);
     ZeroMemory(m_numericKeys, sizeof m_numericKeys);
     a_EmptyStringList(&m_strings);
@@ -83,7 +86,7 @@ int CONSOLEPROPERTIES::GlobalIndicatorState() const
     return LedModeOf(m_ledStates[KEY_PTT], false) != LED_OFF ? 2 : 1;
 }
 
-LRESULT CONSOLEPROPERTIES::OnLoad(WPARAM mode, LPARAM lParam)
+LRESULT CONSOLEPROPERTIES::LoadLine(WPARAM mode, LPARAM lParam)
 {
     const char* line = (const char*)lParam;
     if (!line)
@@ -131,7 +134,7 @@ void CONSOLEPROPERTIES::ReadForSave(const KEYWORDENTRY& entry, char* value, size
     value[size - 1] = '\0';
 }
 
-LRESULT CONSOLEPROPERTIES::OnSave(WPARAM pass, LPARAM lParam)
+LRESULT CONSOLEPROPERTIES::SaveLines(WPARAM pass, LPARAM lParam)
 {
     HANDLE file = (HANDLE)lParam;
     char line[kLineSize];
@@ -166,7 +169,7 @@ LRESULT CONSOLEPROPERTIES::OnSave(WPARAM pass, LPARAM lParam)
     return 0;
 }
 
-LRESULT CONSOLEPROPERTIES::OnSaveToListCtrl(WPARAM, LPARAM lParam)
+LRESULT CONSOLEPROPERTIES::FillList(WPARAM, LPARAM lParam)
 {
     HWND list = (HWND)lParam;
     const KEYWORDTABLE& table = ConsoleKeywords();
@@ -191,7 +194,7 @@ LRESULT CONSOLEPROPERTIES::OnSaveToListCtrl(WPARAM, LPARAM lParam)
     return 0;
 }
 
-LRESULT CONSOLEPROPERTIES::OnTimer(WPARAM, LPARAM)
+LRESULT CONSOLEPROPERTIES::Poll(WPARAM, LPARAM)
 {
     const DWORD now = GetTickCount();
     if (now - m_lastPoll < 1001)
@@ -227,7 +230,7 @@ LRESULT CONSOLEPROPERTIES::OnTimer(WPARAM, LPARAM)
     return 0;
 }
 
-LRESULT CONSOLEPROPERTIES::OnMessage(WPARAM, LPARAM lParam)
+LRESULT CONSOLEPROPERTIES::ServeRequest(WPARAM, LPARAM lParam)
 {
     REQUEST* request = (REQUEST*)lParam;
     if (!request)
@@ -251,7 +254,7 @@ LRESULT CONSOLEPROPERTIES::OnMessage(WPARAM, LPARAM lParam)
     return entry.handler ? entry.handler(request, this) : 0;
 }
 
-BOOL CONSOLEPROPERTIES::OnGetUserfriendlyName(LPSTR text, int size)
+BOOL CONSOLEPROPERTIES::FriendlyName(LPSTR text, int size)
 {
     if (!text || size <= 0)
         return FALSE;

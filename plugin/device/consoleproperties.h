@@ -70,6 +70,14 @@ private:
     CONSOLEPROPERTIES(const CONSOLEPROPERTIES&);
     CONSOLEPROPERTIES& operator=(const CONSOLEPROPERTIES&);
     void ReadForSave(const KEYWORDENTRY& entry, char* value, size_t size);
+    // The overrides' bodies; the overrides themselves (consoleentries.cpp)
+    // keep anything thrown from reaching the host.
+    LRESULT LoadLine(WPARAM mode, LPARAM line);
+    LRESULT SaveLines(WPARAM pass, LPARAM file);
+    LRESULT FillList(WPARAM, LPARAM listView);
+    LRESULT Poll(WPARAM, LPARAM);
+    LRESULT ServeRequest(WPARAM, LPARAM request);
+    BOOL FriendlyName(LPSTR text, int size);
 };
 
 // The properties object behind a host object, when it is a console.

@@ -5,6 +5,7 @@
 #include "consoleproperties.h"
 #include "handlerkit.h"
 #include "handlers.h"
+#include "designlines.h"
 #include "partner.h"
 #include "../console/consoleview.h"
 
@@ -109,16 +110,12 @@ int NameHandler(REQUEST* r, CONSOLEPROPERTIES* c)
 int HostRectHandler(REQUEST* r, CONSOLEPROPERTIES* c)
 {
     int x = 0, y = 0;
-    if (!IsWrite(r, REQTYPE_TEXT) || sscanf(TextOf(r), "%d,%d", &x, &y) != 2 || !c->m_hWnd)
+    if (!IsWrite(r, REQTYPE_TEXT) || !ParsePosition(TextOf(r), &x, &y) || !c->m_hWnd)
         return 0;
     RECT client;
     GetClientRect(c->m_hWnd, &client);
-    const int screenWidth = GetSystemMetrics(SM_CXVIRTUALSCREEN);
-    const int screenHeight = GetSystemMetrics(SM_CYVIRTUALSCREEN);
-    if (x + client.right > screenWidth)
-        x = screenWidth - client.right;
-    if (y + client.bottom > screenHeight)
-        y = screenHeight - client.bottom;
+    x = PullBackInside(x, client.right, GetSystemMetrics(SM_CXVIRTUALSCREEN));
+    y = PullBackInside(y, client.bottom, GetSystemMetrics(SM_CYVIRTUALSCREEN));
     SetWindowPos(c->m_hWnd, NULL, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     return 1;
 }
@@ -139,17 +136,8 @@ int LayerHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     if (!IsWrite(r, REQTYPE_TEXT))
         return 0;
     a_EmptyStringList(&c->m_strings);
-    const char* start = TextOf(r);
-    while (*start) {
-        const size_t length = strcspn(start, ",");
-        char layer[SHORTTEXT_SIZE];
-        CopyTextN(layer, sizeof layer, start, length);
-        if (layer[0])
-            a_AddString(&c->m_strings, layer);
-        start += length;
-        if (*start == ',')
-            start++;
-    }
+    for (const std::string& layer : SplitLayerList(TextOf(r), SHORTTEXT_SIZE))
+        a_AddString(&c->m_strings, layer.c_str());
     return 1;
 }
 

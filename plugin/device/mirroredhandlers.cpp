@@ -3,6 +3,7 @@
 #include "consoleproperties.h"
 #include "handlerkit.h"
 #include "handlers.h"
+#include "liveconsoles.h"
 #include "partner.h"
 
 #include "../../base/banned.h"
@@ -47,39 +48,24 @@ void WarnAboutProgramChannel(CONSOLEPROPERTIES* c)
         MessageBoxA(NULL, kMonitoringWarning, "WARNING", MB_OK | MB_ICONWARNING);
 }
 
-struct MONITORSEARCH {
-    const CONSOLEPROPERTIES* self;
-    MONITORSEARCHRULE rule;
-    bool found;
-};
-
-BOOL FindMonitoringConsole(LPCSTR, void* value, void* context)
-{
-    MONITORSEARCH* search = static_cast<MONITORSEARCH*>(context);
-    HOSTINFO* obj = static_cast<HOSTINFO*>(value);
-    if (!strstr(obj->m_szName, "ELKCST_") && !strstr(obj->m_szName, "ORNCST_"))
-        return TRUE;
-    if (search->rule == MONITORSEARCH_SKIP_NAMES_WITH_OWN && strstr(obj->m_szName, search->self->m_szName))
-        return TRUE;
-    const CONSOLEPROPERTIES* console = AsConsole(obj);
-    if (console && console != search->self && console->m_settings.fireEmergencyMonitoring) {
-        search->found = true;
-        return FALSE;
-    }
-    return TRUE;
-}
-
 }  // namespace
 
+// Only consoles whose monitoring is on can answer yes, so only they are
+// walked: a design that closes pays one step a console, not one a pair.
 bool AnotherConsoleMonitors(const CONSOLEPROPERTIES* self, MONITORSEARCHRULE rule)
 {
-    MONITORSEARCH search = {self, rule, false};
-    // The root's table holds every object of the design.
     HOSTINFO* root = a_FindRootHostinfo(const_cast<CONSOLEPROPERTIES*>(self));
-    CHashTable* objects = root ? root->GetHostinfoTable() : nullptr;
-    if (objects)
-        objects->Enumerate(FindMonitoringConsole, &search);
-    return search.found;
+    for (CONSOLEPROPERTIES* console : MonitoringConsoles()) {
+        if (console == self || !console->m_settings.fireEmergencyMonitoring || a_FindRootHostinfo(console) != root)
+            continue;
+        if (!strstr(console->m_szName, "ELKCST_") && !strstr(console->m_szName, "ORNCST_"))
+            continue;
+        if (rule == MONITORSEARCH_SKIP_NAMES_WITH_OWN && strstr(console->m_szName, self->m_szName))
+            continue;
+        if (AsConsole(console))
+            return true;
+    }
+    return false;
 }
 
 int FaultMaskHandler(REQUEST* r, CONSOLEPROPERTIES* c, int mask)
@@ -111,6 +97,7 @@ int FindHandler(REQUEST* r, CONSOLEPROPERTIES* c)
 void WriteMonitoring(CONSOLEPROPERTIES* c, uint8_t on)
 {
     c->m_settings.fireEmergencyMonitoring = on;
+    NoteMonitoring(c, on != 0);
     if (c->m_pPartner)
         WriteVariable(c->m_pPartner, kMonitoringVariable, &c->m_settings.fireEmergencyMonitoring, REQTYPE_FLAG);
 }

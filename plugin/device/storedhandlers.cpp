@@ -1,6 +1,7 @@
 // Handlers of settings the design file keeps and the device does not mirror:
 // extensions, switches, texts and key labels.
 #include "consoleproperties.h"
+#include "designlines.h"
 #include "handlerkit.h"
 #include "handlers.h"
 #include "../console/consoleview.h"
@@ -29,19 +30,7 @@ int ExtensionTypesHandler(REQUEST* r, CONSOLEPROPERTIES* c)
     if (!IsWrite(r, REQTYPE_TEXT) || c->IsOnline())
         return 0;
     ZeroMemory(c->m_settings.extensionSlots, sizeof c->m_settings.extensionSlots);
-    int used = 0;
-    const char* p = TextOf(r);
-    for (int slot = 0; slot < CONSOLE_EXTENSION_SLOTS; slot++) {
-        int value = 0;
-        if (!ScanLeadingInt(p, &value))
-            break;
-        if (value != 0)
-            used++;
-        p = strchr(p, ',');
-        if (!p)
-            break;
-        p++;
-    }
+    const int used = CountExtensionTypes(TextOf(r), CONSOLE_EXTENSION_SLOTS);
     char line[64];
     FormatText(line, sizeof line, "ExtensionCount=%d", used);
     return (int)c->LoadEdit(line);

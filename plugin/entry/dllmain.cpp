@@ -7,6 +7,7 @@
 #include "module.h"
 #include "../device/consolekeywords.h"
 
+#include "../../base/guard.h"
 #include "../../base/banned.h"
 
 namespace {
@@ -30,5 +31,6 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID)
 {
     if (reason != DLL_PROCESS_ATTACH)
         return TRUE;
-    return AttachProcess(instance);
+    // A start-up that threw refuses the load rather than leaving a half-made module.
+    return GuardedCall<BOOL>("DllMain", FALSE, [&] { return AttachProcess(instance); });
 }

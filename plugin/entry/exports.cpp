@@ -3,10 +3,13 @@
 #include "../firmware/extraction.h"
 #include "module.h"
 
+#include "../../base/guard.h"
 #include "../../base/trace.h"
 #include "../../base/banned.h"
 
-INT_PTR fnCallback(int code, HOSTINFO* /*host*/, LPARAM /*param*/)
+namespace {
+
+INT_PTR Callback(int code)
 {
     switch (code) {
     case 1:
@@ -20,14 +23,24 @@ INT_PTR fnCallback(int code, HOSTINFO* /*host*/, LPARAM /*param*/)
     }
 }
 
+}  // namespace
+
+INT_PTR fnCallback(int code, HOSTINFO* /*host*/, LPARAM /*param*/)
+{
+    return GuardedCall<INT_PTR>("fnCallback", 0, [&] { return Callback(code); });
+}
+
 FILE* l_FileOpen(const char* folder, const char* relative, const char* mode)
 {
-    return OpenFileCreatingFolders(folder, relative, mode);
+    return GuardedCall<FILE*>("l_FileOpen", nullptr, [&] { return OpenFileCreatingFolders(folder, relative, mode); });
 }
 
 BOOL CALLBACK EnumChildDrawBackground(HWND child, LPARAM)
 {
-    InvalidateRect(child, NULL, TRUE);
-    UpdateWindow(child);
-    return TRUE;
+    // Repainting calls the child's own (guarded) procedure; TRUE goes on with the next child.
+    return GuardedCall<BOOL>("EnumChildDrawBackground", TRUE, [&] {
+        InvalidateRect(child, NULL, TRUE);
+        UpdateWindow(child);
+        return TRUE;
+    });
 }

@@ -167,6 +167,10 @@ int ExtractFirmwarePackage(const char* package, char* firmware, char* database, 
     p.roles[ROLE_FONT] = font;
     p.written = written;
     TemporaryFolder(p.folder, sizeof p.folder);
+    if (!p.folder[0]) {
+        Trace("no temporary folder to extract %s into\n", package);
+        return 0;
+    }
 
     unzFile zip = unzOpen64(package);
     if (!zip) {

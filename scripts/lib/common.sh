@@ -237,3 +237,20 @@ winpath() {
     path=$(cd "$(dirname "$1")" && pwd)/$(basename "$1")
     printf 'Z:%s' "${path//\//\\}"
 }
+
+# The libFuzzer targets of build/fuzz (fuzz/), each with its seed corpus in
+# fuzz/corpus/NAME.
+FUZZ_TARGETS=(designline keyrecord values device extraction package)
+
+# fuzz_target NAME SECONDS: one bounded run on the target's seed corpus and the
+# corpus it grew before (build/fuzz-corpus/NAME); findings are written to
+# build/fuzz-findings/NAME/. The log is build/fuzz-NAME.log; fails on a finding.
+fuzz_target() {
+    local name=$1 seconds=$2
+    local fuzzer="$BUILD/fuzz/fuzz/${name}_fuzzer" corpus="$BUILD/fuzz-corpus/$name"
+    local findings="$BUILD/fuzz-findings/$name"
+    [ -x "$fuzzer" ] || { log "no ${name}_fuzzer"; return 1; }
+    mkdir -p "$corpus" "$findings"
+    "$fuzzer" -max_total_time="$seconds" -max_len=4096 -print_final_stats=1 -artifact_prefix="$findings/" \
+        "$corpus" "$ROOT/fuzz/corpus/$name" >"$BUILD/fuzz-$name.log" 2>&1
+}

@@ -100,3 +100,18 @@ TEST(LineHalves, KeyAndValueAreBounded)
     EXPECT_TRUE(CopyLineValue("no equals", value, sizeof value));
     EXPECT_STREQ(value, "");
 }
+
+TEST(ObjectNames, OnlyNamesThatCanBeWrittenBackAreAccepted)
+{
+    std::string why;
+    for (const char* local : {"ORNCST_1", "ORNCST_a\\b c", "ORNCST_\xc3\xa9", " lead", "a\\\\b"})
+        EXPECT_TRUE(IsWritableObjectName("Site*Floor 1*", local, &why)) << local;
+    EXPECT_FALSE(IsWritableObjectName("", "ORNCST_\"Q", &why));
+    EXPECT_EQ(why, "a double quote");
+    EXPECT_FALSE(IsWritableObjectName("", "ORNCST_=E", &why));
+    EXPECT_EQ(why, "\"=\"");
+    EXPECT_FALSE(IsWritableObjectName("", "A*B", &why));
+    EXPECT_FALSE(IsWritableObjectName("", "ORNCST_1\\", &why));
+    EXPECT_FALSE(IsWritableObjectName("Si\"te*", "ORNCST_1", &why));
+    EXPECT_FALSE(IsWritableObjectName("Si=te*", "ORNCST_1", &why));
+}

@@ -178,7 +178,8 @@ TEST_F(ConsoleBehaviour, AnUnreadableFreeAddressMapRefusesTheAddress)
     EXPECT_EQ(design.Get("ORNCST_1", "address"), "1");
     EXPECT_EQ(g_moves, 0);
     const std::vector<std::string> output = design.Output();
-    EXPECT_EQ(std::count(output.begin(), output.end(), "Error reading line address"), 1);
+    // The plug-in's text, prefixed by the host with the object that reported it.
+    EXPECT_EQ(std::count(output.begin(), output.end(), "ORNCST_1: Error reading line address"), 1);
 
     // Readable, with address 5 free (bit 5): the controller is asked to move it.
     partner.serveFreeAddresses = true;

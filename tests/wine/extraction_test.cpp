@@ -157,3 +157,25 @@ TEST(Extraction, BrokenArchivesFail)
     Extract(MakePackage(folder, "CST_EMPTY.ZIP", {}), &empty);
     EXPECT_EQ(empty.answer, 0);
 }
+
+TEST(Extraction, AnEntryNamedLikeAUsersTemporaryFileLeavesItUntouched)
+{
+    const std::string mine = TempPath("notes.txt");
+    {
+        FILE* file = fopen(mine.c_str(), "wb");
+        ASSERT_NE(file, nullptr);
+        fputs("the user's notes", file);
+        fclose(file);
+    }
+    const std::string package = MakePackage(TempFolder(), "CST_NOTES.ZIP",
+                                            {{"notes.txt", "firmware"}, {"ZEL4k_DB_1.dat", "database"}});
+    RESULT r;
+    Extract(package, &r);
+    ASSERT_EQ(r.answer, 1);
+    EXPECT_NE(std::string(r.firmware), mine);
+    EXPECT_EQ(ReadFileBytes(r.firmware), "firmware");
+    EXPECT_EQ(ReadFileBytes(mine), "the user's notes");
+    DeleteExtractedFiles(&r.written);
+    EXPECT_EQ(ReadFileBytes(mine), "the user's notes");
+    DeleteFileA(mine.c_str());
+}

@@ -41,7 +41,7 @@ TEST(Keys, RecordsLoadAndReadBackNormalised)
 
     design.Load({"ORNCST_1*key0121OptionState=3"});
     EXPECT_EQ(design.Get("ORNCST_1", "key0121OptionState"), "2");
-    EXPECT_EQ(design.Output(), std::vector<std::string>{"Error reading line key0121OptionState"});
+    EXPECT_EQ(design.Output(), std::vector<std::string>{"ORNCST_1: Error reading line key0121OptionState"});
 
     int notText = 5;
     REQUEST request = {REQ_READ, 0, REQTYPE_INT, REQMODE_EDIT, &notText, "key000", nullptr};

@@ -114,7 +114,7 @@ TEST_F(Live, BadConnectionsLeaveTheConsoleUnconnected)
         EXPECT_EQ(answer, 0) << bad;
     }
     const std::vector<std::string> output = design.Output();
-    EXPECT_EQ(std::count(output.begin(), output.end(), "Error reading line connection"), 6);
+    EXPECT_EQ(std::count(output.begin(), output.end(), "ORNCST_1: Error reading line connection"), 6);
 
     // A console of no known family is never connected.
     LoadLines(design, Console("DESK_1", 5));

@@ -230,3 +230,47 @@ std::vector<DWORD> WindowPixels(HWND window, int* width)
         *width = client.right;
     return pixels;
 }
+
+// ---- The workbench as a separate process ----
+
+static HANDLE InheritableFile(const std::string& path)
+{
+    SECURITY_ATTRIBUTES inherit = {sizeof inherit, NULL, TRUE};
+    return CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherit, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
+                       NULL);
+}
+
+RUN Workbench(const std::string& arguments)
+{
+    const std::string folder = TempFolder();
+    HANDLE out = InheritableFile(folder + "\\out.txt");
+    HANDLE err = InheritableFile(folder + "\\err.txt");
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdOutput = out;
+    startup.hStdError = err;
+    startup.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
+    std::string command = "workbench.exe --headless " + arguments;
+    PROCESS_INFORMATION process = {};
+    RUN run;
+    if (CreateProcessA(NULL, &command[0], NULL, NULL, TRUE, 0, NULL, NULL, &startup, &process)) {
+        WaitForSingleObject(process.hProcess, INFINITE);
+        GetExitCodeProcess(process.hProcess, &run.exitCode);
+        CloseHandle(process.hThread);
+        CloseHandle(process.hProcess);
+    }
+    CloseHandle(out);
+    CloseHandle(err);
+    run.out = ReadFileBytes(folder + "\\out.txt");
+    run.err = ReadFileBytes(folder + "\\err.txt");
+    return run;
+}
+
+std::string WriteScript(const std::string& text)
+{
+    const std::string path = TempFolder() + "\\script.txt";
+    std::ofstream(path, std::ios::binary) << text;
+    return path;
+}
+

@@ -62,3 +62,13 @@ std::vector<DWORD> WindowPixels(HWND window, int* width = nullptr);
 std::string SourcePath(const char* relative);  // a file of the source tree
 std::string TempFolder();                       // a fresh folder for one test
 std::string ReadFileBytes(const std::string& path);
+
+// The workbench run headless as its own process, with its output.
+struct RUN {
+    DWORD exitCode = 0xFFFFFFFF;
+    std::string out;
+    std::string err;
+};
+RUN Workbench(const std::string& arguments);
+// A file of a fresh folder holding text; its path.
+std::string WriteScript(const std::string& text);

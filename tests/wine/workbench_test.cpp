@@ -14,53 +14,6 @@
 
 namespace {
 
-struct RUN {
-    DWORD exitCode = 0xFFFFFFFF;
-    std::string out;
-    std::string err;
-};
-
-HANDLE InheritableFile(const std::string& path)
-{
-    SECURITY_ATTRIBUTES inherit = {sizeof inherit, NULL, TRUE};
-    return CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherit, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
-                       NULL);
-}
-
-RUN Workbench(const std::string& arguments)
-{
-    const std::string folder = TempFolder();
-    HANDLE out = InheritableFile(folder + "\\out.txt");
-    HANDLE err = InheritableFile(folder + "\\err.txt");
-    STARTUPINFOA startup = {};
-    startup.cb = sizeof startup;
-    startup.dwFlags = STARTF_USESTDHANDLES;
-    startup.hStdOutput = out;
-    startup.hStdError = err;
-    startup.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
-    std::string command = "workbench.exe --headless " + arguments;
-    PROCESS_INFORMATION process = {};
-    RUN run;
-    if (CreateProcessA(NULL, &command[0], NULL, NULL, TRUE, 0, NULL, NULL, &startup, &process)) {
-        WaitForSingleObject(process.hProcess, INFINITE);
-        GetExitCodeProcess(process.hProcess, &run.exitCode);
-        CloseHandle(process.hThread);
-        CloseHandle(process.hProcess);
-    }
-    CloseHandle(out);
-    CloseHandle(err);
-    run.out = ReadFileBytes(folder + "\\out.txt");
-    run.err = ReadFileBytes(folder + "\\err.txt");
-    return run;
-}
-
-std::string WriteScript(const std::string& text)
-{
-    const std::string path = TempFolder() + "\\script.txt";
-    std::ofstream(path, std::ios::binary) << text;
-    return path;
-}
-
 // Pixels of a picture file within a rectangle that pass a test.
 template <class TEST_PIXEL>
 int CountPixels(const std::string& path, RECT area, TEST_PIXEL test)
@@ -266,7 +219,7 @@ TEST(Workbench, PropertyListEditsAreWrittenOrReported)
                                            "edit ELKCST_2 layer Floor1\n"
                                            "trace\n");
     const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
-    EXPECT_NE(run.out.find("name=Security desk 2\npriority=10\nError reading line priority\n"), std::string::npos)
+    EXPECT_NE(run.out.find("name=Security desk 2\npriority=10\nELKCST_2: Error reading line priority\n"), std::string::npos)
         << run.out;
     EXPECT_NE(run.err.find("ELKCST_2 has no editable row layer"), std::string::npos) << run.err;
 }
