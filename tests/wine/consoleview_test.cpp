@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "testhost.h"
+#include "viewmenus.h"
 
 #include <commctrl.h>
 #include "../../plugin/console/keygeometry.h"
@@ -63,58 +64,10 @@ protected:
     HWND view = NULL;
 };
 
-// Chooses an item of the context menu the view opens at a key; returns the
-// items it showed ("Clear (greyed)"), nothing when no menu opened.
-struct MENURUN {
-    std::string choice;
-    std::vector<std::string> items;
-    bool opened = false;
-};
-const char kMenuRun[] = "ConsoleViewTest.MenuRun";
-
-LRESULT CALLBACK MenuHook(int code, WPARAM wParam, LPARAM lParam)
-{
-    const CWPSTRUCT* message = reinterpret_cast<const CWPSTRUCT*>(lParam);
-    MENURUN* run = code == HC_ACTION && message->message == WM_ENTERIDLE && message->wParam == MSGF_MENU
-                       ? static_cast<MENURUN*>(GetPropA(message->hwnd, kMenuRun))
-                       : nullptr;
-    if (run && !run->opened) {
-        run->opened = true;
-        HWND menuWindow = (HWND)message->lParam;
-        HMENU menu = (HMENU)SendMessageA(menuWindow, MN_GETHMENU, 0, 0);
-        int steps = 0, target = -1;
-        for (int i = 0; menu && i < GetMenuItemCount(menu); i++) {
-            const UINT state = GetMenuState(menu, (UINT)i, MF_BYPOSITION);
-            if (state & MF_SEPARATOR)
-                continue;
-            char text[64] = "";
-            GetMenuStringA(menu, (UINT)i, text, sizeof text, MF_BYPOSITION);
-            run->items.push_back(std::string(text) + ((state & MF_GRAYED) ? " (greyed)" : "") +
-                                 ((state & MF_CHECKED) ? " (checked)" : ""));
-            if (target < 0)
-                steps++;
-            if (run->choice == text && !(state & MF_GRAYED))
-                target = i;
-        }
-        for (int i = 0; target >= 0 && i < steps; i++)
-            PostMessageA(menuWindow, WM_KEYDOWN, VK_DOWN, 0);
-        PostMessageA(menuWindow, WM_KEYDOWN, target >= 0 ? VK_RETURN : VK_ESCAPE, 0);
-    }
-    return CallNextHookEx(NULL, code, wParam, lParam);
-}
-
+// The view's menu at a key's point (as At() gives it).
 MENURUN KeyMenu(HWND view, LPARAM at, const std::string& choice)
 {
-    MENURUN run;
-    run.choice = choice;
-    POINT screen = {(short)LOWORD(at), (short)HIWORD(at)};
-    ClientToScreen(view, &screen);
-    SetPropA(view, kMenuRun, &run);
-    HHOOK hook = SetWindowsHookExA(WH_CALLWNDPROC, MenuHook, NULL, GetCurrentThreadId());
-    SendMessageA(view, WM_CONTEXTMENU, (WPARAM)view, MAKELPARAM(screen.x, screen.y));
-    UnhookWindowsHookEx(hook);
-    RemovePropA(view, kMenuRun);
-    return run;
+    return ViewMenuAt(view, (short)LOWORD(at), (short)HIWORD(at), choice);
 }
 
 void PutOnClipboard(HWND owner, const char* text)
@@ -126,12 +79,6 @@ void PutOnClipboard(HWND owner, const char* text)
     GlobalUnlock(block);
     SetClipboardData(RegisterClipboardFormatA("CONSOLEKEY"), block);
     CloseClipboard();
-}
-
-int HitTest(HWND view, int x, int y)
-{
-    int id = -1;
-    return SendMessageA(view, CVM_HITTEST, (WPARAM)&id, MAKELPARAM(x, y)) ? id : -1;
 }
 
 }  // namespace
@@ -259,11 +206,11 @@ TEST_F(ConsoleView, ExtensionsStopAtTheirLimitsWithTheirMessages)
     EXPECT_EQ(design.Get("ORNCST_1", "extensionTypes"), "1,1,1,1,1");
     // Five strips side by side, the fifth at x 311 * 4 + 467: its keys 95 to
     // 114 from (1750, 153); where a sixth would stand there is nothing.
-    EXPECT_EQ(HitTest(view, 1750 + 1, 153 + 1), 95);
-    EXPECT_EQ(HitTest(view, 1750 + 64 + 1, 153 + 48 + 1), 100);
-    EXPECT_EQ(HitTest(view, 1750 + 192 + 1, 153 + 192 + 1), 114);
-    EXPECT_EQ(HitTest(view, 1750 + 311 + 1, 153 + 1), -1);
-    EXPECT_EQ(HitTest(view, 1750 + 311 + 192 + 1, 153 + 192 + 1), -1);
+    EXPECT_EQ(ViewHitTest(view, 1750 + 1, 153 + 1), 95);
+    EXPECT_EQ(ViewHitTest(view, 1750 + 64 + 1, 153 + 48 + 1), 100);
+    EXPECT_EQ(ViewHitTest(view, 1750 + 192 + 1, 153 + 192 + 1), 114);
+    EXPECT_EQ(ViewHitTest(view, 1750 + 311 + 1, 153 + 1), -1);
+    EXPECT_EQ(ViewHitTest(view, 1750 + 311 + 192 + 1, 153 + 192 + 1), -1);
     for (int i = 0; i < 6; i++)
         SendMessageA(view, WM_COMMAND, 3, 0);
     EXPECT_EQ(design.Get("ORNCST_1", "ExtensionCount"), "0");
@@ -296,7 +243,7 @@ TEST_F(ConsoleView, PageButtonsShowOneExtensionAtATime)
     // Keys are 31 by 18: a grid of 30 by 17 meets every one.
     for (int x = 0; x < 505; x += 30)
         for (int y = 0; y < 435; y += 17)
-            if (int id = HitTest(view, x, y); id >= 0) {
+            if (int id = ViewHitTest(view, x, y); id >= 0) {
                 found++;
                 slotKeys = slotKeys && id >= 55 && id <= 74;
             }
@@ -304,12 +251,12 @@ TEST_F(ConsoleView, PageButtonsShowOneExtensionAtATime)
     EXPECT_TRUE(slotKeys);
 
     SendMessageA(view, WM_COMMAND, 2009, 0);  // no such page: the page stays
-    EXPECT_EQ(HitTest(view, 81 + 39 + 1, 62 + 91 + 1), 55);
+    EXPECT_EQ(ViewHitTest(view, 81 + 39 + 1, 62 + 91 + 1), 55);
     design.Edit("ORNCST_1*type=ORN-15CST");   // a changed console keeps the chosen page
-    EXPECT_EQ(HitTest(view, 81 + 39 + 1, 62 + 91 + 1), 55);
+    EXPECT_EQ(ViewHitTest(view, 81 + 39 + 1, 62 + 91 + 1), 55);
     design.Edit("ORNCST_1*ExtensionCount=2"); // unless its extension went
-    EXPECT_EQ(HitTest(view, 81 + 39 + 1, 62 + 91 + 1), -1);
-    EXPECT_EQ(HitTest(view, 63 + 32 + 231 + 1, 50 + 102 + 1), 0);
+    EXPECT_EQ(ViewHitTest(view, 81 + 39 + 1, 62 + 91 + 1), -1);
+    EXPECT_EQ(ViewHitTest(view, 63 + 32 + 231 + 1, 50 + 102 + 1), 0);
 }
 
 TEST_F(ConsoleView, LitLedsShowOnScreen)
@@ -436,12 +383,12 @@ TEST_F(ConsoleView, ScrollingMovesThePictureAndItsHeader)
     RECT before, after;
     GetWindowRect(name, &before);
     const POINT key = {263, 152};  // key 0 of the front
-    EXPECT_EQ(HitTest(other, key.x + 1, key.y + 1), 0);
+    EXPECT_EQ(ViewHitTest(other, key.x + 1, key.y + 1), 0);
     SendMessageA(other, WM_HSCROLL, SB_LINERIGHT, 0);
     SendMessageA(other, WM_HSCROLL, SB_LINERIGHT, 0);
     GetWindowRect(name, &after);
     EXPECT_EQ(after.left, before.left - 20);
-    EXPECT_EQ(HitTest(other, key.x - 20 + 1, key.y + 1), 0);
+    EXPECT_EQ(ViewHitTest(other, key.x - 20 + 1, key.y + 1), 0);
     SendMessageA(other, WM_HSCROLL, SB_LEFT, 0);
     GetWindowRect(name, &after);
     EXPECT_EQ(after.left, before.left);

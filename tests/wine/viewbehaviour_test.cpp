@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "testhost.h"
+#include "viewmenus.h"
 
 #include "../../plugin/device/consoleproperties.h"
 #include "../../plugin/protocol.h"
@@ -39,65 +40,6 @@ const PLACE kFront[24] = {
     {120, 263, 76, 46, 46},  {121, 320, 76, 46, 46},  {122, 376, 76, 46, 46},  {123, 32, 25, 31, 18},
 };
 
-int HitTest(HWND view, int x, int y)
-{
-    int id = -1;
-    return SendMessageA(view, CVM_HITTEST, (WPARAM)&id, MAKELPARAM(x, y)) ? id : -1;
-}
-
-// Chooses a command of the context menu opened at a point; the items shown.
-struct MENURUN {
-    std::string choice;
-    std::vector<std::string> items;
-    bool opened = false;
-};
-const char kMenuRun[] = "ViewBehaviourTest.MenuRun";
-
-LRESULT CALLBACK MenuHook(int code, WPARAM wParam, LPARAM lParam)
-{
-    const CWPSTRUCT* message = reinterpret_cast<const CWPSTRUCT*>(lParam);
-    MENURUN* run = code == HC_ACTION && message->message == WM_ENTERIDLE && message->wParam == MSGF_MENU
-                       ? static_cast<MENURUN*>(GetPropA(message->hwnd, kMenuRun))
-                       : nullptr;
-    if (run && !run->opened) {
-        run->opened = true;
-        HWND menuWindow = (HWND)message->lParam;
-        HMENU menu = (HMENU)SendMessageA(menuWindow, MN_GETHMENU, 0, 0);
-        int steps = 0, target = -1;
-        for (int i = 0; menu && i < GetMenuItemCount(menu); i++) {
-            const UINT state = GetMenuState(menu, (UINT)i, MF_BYPOSITION);
-            if (state & MF_SEPARATOR)
-                continue;
-            char text[64] = "";
-            GetMenuStringA(menu, (UINT)i, text, sizeof text, MF_BYPOSITION);
-            run->items.push_back(std::string(text) + ((state & MF_GRAYED) ? " (greyed)" : "") +
-                                 ((state & MF_CHECKED) ? " (checked)" : ""));
-            if (target < 0)
-                steps++;
-            if (run->choice == text && !(state & MF_GRAYED))
-                target = i;
-        }
-        for (int i = 0; target >= 0 && i < steps; i++)
-            PostMessageA(menuWindow, WM_KEYDOWN, VK_DOWN, 0);
-        PostMessageA(menuWindow, WM_KEYDOWN, target >= 0 ? VK_RETURN : VK_ESCAPE, 0);
-    }
-    return CallNextHookEx(NULL, code, wParam, lParam);
-}
-
-MENURUN MenuAt(HWND view, int x, int y, const std::string& choice)
-{
-    MENURUN run;
-    run.choice = choice;
-    POINT screen = {x, y};
-    ClientToScreen(view, &screen);
-    SetPropA(view, kMenuRun, &run);
-    HHOOK hook = SetWindowsHookExA(WH_CALLWNDPROC, MenuHook, NULL, GetCurrentThreadId());
-    SendMessageA(view, WM_CONTEXTMENU, (WPARAM)view, MAKELPARAM(screen.x, screen.y));
-    UnhookWindowsHookEx(hook);
-    RemovePropA(view, kMenuRun);
-    return run;
-}
-
 class ViewBehaviour : public testing::Test {
 protected:
     void SetUp() override
@@ -129,12 +71,12 @@ protected:
             SCOPED_TRACE(p.id);
             const int top = p.top + (p.id >= 120 && p.id <= 122 ? dySpecial : 0);
             const int height = p.id == 119 ? p.height + dy119 : p.height;
-            EXPECT_EQ(HitTest(view, p.left, top), p.id);
-            EXPECT_EQ(HitTest(view, p.left + p.width - 1, top + height - 1), p.id);
-            EXPECT_NE(HitTest(view, p.left + p.width, top), p.id);
-            EXPECT_NE(HitTest(view, p.left, top + height), p.id);
-            EXPECT_NE(HitTest(view, p.left - 1, top), p.id);
-            EXPECT_NE(HitTest(view, p.left, top - 1), p.id);
+            EXPECT_EQ(ViewHitTest(view, p.left, top), p.id);
+            EXPECT_EQ(ViewHitTest(view, p.left + p.width - 1, top + height - 1), p.id);
+            EXPECT_NE(ViewHitTest(view, p.left + p.width, top), p.id);
+            EXPECT_NE(ViewHitTest(view, p.left, top + height), p.id);
+            EXPECT_NE(ViewHitTest(view, p.left - 1, top), p.id);
+            EXPECT_NE(ViewHitTest(view, p.left, top - 1), p.id);
         }
     }
     std::string Leds() { return design.Get("ORNCST_1", "leds"); }
@@ -163,18 +105,18 @@ TEST_F(ViewBehaviour, HitTestsMeetEveryKeyOfEveryFaceAtItsPlace)
         WindowPixels(view);
         ExpectKeysAt(kBoard);
     }
-    EXPECT_EQ(HitTest(view, 2, 430), -1);
+    EXPECT_EQ(ViewHitTest(view, 2, 430), -1);
 
     // Extension strips side by side: slot s at position p starts at
     // x = 311 p + 467 + 39, y = 62 + 91 on a front.
     design.Edit("ORNCST_1*type=ZEL4010");
     design.Edit("ORNCST_1*ExtensionCount=2");
-    EXPECT_EQ(HitTest(view, 506, 153), 15);
-    EXPECT_EQ(HitTest(view, 506 + 192 + 30, 153 + 192 + 17), 34);
-    EXPECT_EQ(HitTest(view, 817, 153), 35);
-    EXPECT_EQ(HitTest(view, 817 + 64, 153 + 48), 40);
-    EXPECT_EQ(HitTest(view, 1009, 345), 54);
-    EXPECT_EQ(HitTest(view, 1009 + 31, 345), -1);
+    EXPECT_EQ(ViewHitTest(view, 506, 153), 15);
+    EXPECT_EQ(ViewHitTest(view, 506 + 192 + 30, 153 + 192 + 17), 34);
+    EXPECT_EQ(ViewHitTest(view, 817, 153), 35);
+    EXPECT_EQ(ViewHitTest(view, 817 + 64, 153 + 48), 40);
+    EXPECT_EQ(ViewHitTest(view, 1009, 345), 54);
+    EXPECT_EQ(ViewHitTest(view, 1009 + 31, 345), -1);
 }
 
 TEST_F(ViewBehaviour, TheBoardOfTypeSixIsDrawnInItsGreen)
@@ -190,8 +132,8 @@ TEST_F(ViewBehaviour, TheBoardOfTypeSixIsDrawnInItsGreen)
             continue;
         EXPECT_EQ(pixels[(size_t)p.top * width + p.left] & 0xFFFFFF, 0x339966u) << p.id;
     }
-    EXPECT_EQ(HitTest(view, 397 + 3, 332 + 3), 14);
-    EXPECT_EQ(HitTest(view, 38 + 3, 34 + 3), 123);
+    EXPECT_EQ(ViewHitTest(view, 397 + 3, 332 + 3), 14);
+    EXPECT_EQ(ViewHitTest(view, 38 + 3, 34 + 3), 123);
 }
 
 TEST_F(ViewBehaviour, EscapeClosesTheLabelEditorWithoutStoring)
@@ -231,7 +173,7 @@ TEST_F(ViewBehaviour, CaptureLostWithoutAReleaseSendsNoUp)
 TEST_F(ViewBehaviour, SpecialKeysAreAlarmButtonsOrNotUsed)
 {
     // Key 120 of the front: (263, 76).
-    MENURUN alarm = MenuAt(view, 263 + 5, 76 + 5, "Alarm Button");
+    MENURUN alarm = ViewMenuAt(view, 263 + 5, 76 + 5, "Alarm Button");
     ASSERT_TRUE(alarm.opened);
     EXPECT_EQ(alarm.items, (std::vector<std::string>{"Not Used (checked)", "Alarm Button", "Key Switch",
                                                      "Clear (greyed)", "Copy", "Paste"}));
@@ -239,7 +181,7 @@ TEST_F(ViewBehaviour, SpecialKeysAreAlarmButtonsOrNotUsed)
     int width = 0;
     const std::vector<DWORD> asAlarm = WindowPixels(view, &width);
 
-    MENURUN unused = MenuAt(view, 263 + 5, 76 + 5, "Not Used");
+    MENURUN unused = ViewMenuAt(view, 263 + 5, 76 + 5, "Not Used");
     EXPECT_EQ(unused.items[1], "Alarm Button (checked)");
     EXPECT_EQ(design.Get("ORNCST_1", "key0120OptionState"), "0");
     const std::vector<DWORD> asUnused = WindowPixels(view, &width);
@@ -249,10 +191,10 @@ TEST_F(ViewBehaviour, SpecialKeysAreAlarmButtonsOrNotUsed)
         for (int x = 263; x < 263 + 46; x++)
             differs = differs || asAlarm[(size_t)y * width + x] != asUnused[(size_t)y * width + x];
     EXPECT_TRUE(differs);
-    EXPECT_EQ(MenuAt(view, 263 + 5, 76 + 5, "-").items[0], "Not Used (checked)");
+    EXPECT_EQ(ViewMenuAt(view, 263 + 5, 76 + 5, "-").items[0], "Not Used (checked)");
     // The other special keys keep their own roles.
     EXPECT_EQ(design.Get("ORNCST_1", "key0121OptionState"), "0");
-    MenuAt(view, 376 + 5, 76 + 5, "Alarm Button");
+    ViewMenuAt(view, 376 + 5, 76 + 5, "Alarm Button");
     EXPECT_EQ(design.Get("ORNCST_1", "key0122OptionState"), "1");
     EXPECT_EQ(design.Get("ORNCST_1", "key0120OptionState"), "0");
 }
@@ -277,7 +219,7 @@ TEST_F(ViewBehaviour, ScrollingToTheRightEndAndByTheThumb)
     SendMessageA(other, WM_HSCROLL, SB_RIGHT, 0);
     EXPECT_EQ(shifted(), 500);
     EXPECT_EQ(GetScrollPos(other, SB_HORZ), 500);
-    EXPECT_EQ(HitTest(other, 506 - 500 + 1, 153 + 1), 15);  // the first strip's first key
+    EXPECT_EQ(ViewHitTest(other, 506 - 500 + 1, 153 + 1), 15);  // the first strip's first key
     SendMessageA(other, WM_HSCROLL, SB_LINELEFT, 0);
     EXPECT_EQ(shifted(), 490);
     SendMessageA(other, WM_HSCROLL, SB_PAGELEFT, 0);
@@ -287,10 +229,10 @@ TEST_F(ViewBehaviour, ScrollingToTheRightEndAndByTheThumb)
     SendMessageA(other, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 123), 0);
     EXPECT_EQ(shifted(), 123);
     EXPECT_EQ(GetScrollPos(other, SB_HORZ), 123);
-    EXPECT_EQ(HitTest(other, 263 - 123 + 1, 153), 0);
+    EXPECT_EQ(ViewHitTest(other, 263 - 123 + 1, 153), 0);
     SendMessageA(other, WM_HSCROLL, SB_LEFT, 0);
     EXPECT_EQ(shifted(), 0);
-    EXPECT_EQ(HitTest(other, 263 + 1, 153), 0);
+    EXPECT_EQ(ViewHitTest(other, 263 + 1, 153), 0);
     DestroyWindow(other);
 }
 
@@ -305,7 +247,7 @@ TEST_F(ViewBehaviour, ScrollingByTheThumbTrack)
     ASSERT_NE(other, nullptr);
     SendMessageA(other, WM_HSCROLL, MAKEWPARAM(SB_THUMBTRACK, 77), 0);
     EXPECT_EQ(GetScrollPos(other, SB_HORZ), 77);
-    EXPECT_EQ(HitTest(other, 263 - 77 + 1, 153), 0);
+    EXPECT_EQ(ViewHitTest(other, 263 - 77 + 1, 153), 0);
     DestroyWindow(other);
 }
 
@@ -319,25 +261,25 @@ TEST_F(ViewBehaviour, AChangedBoardConsoleShowsPageZero)
         ASSERT_NE(GetDlgItem(view, 2003), nullptr);
         SendMessageA(view, WM_COMMAND, 2003, (LPARAM)GetDlgItem(view, 2003));
         // Slot 2 alone, at the first position: key 55 at (81 + 39, 62 + 91).
-        ASSERT_EQ(HitTest(view, 121, 154), 55);
+        ASSERT_EQ(ViewHitTest(view, 121, 154), 55);
 
         design.Edit(std::string("ORNCST_1*type=") + board);
         // Page 0: the board's keys, and the strips beside it from slot 0 on
         // (x = 485 - 32 + 20 + 39, y = 62 - 32 + 20 + 91).
-        EXPECT_EQ(HitTest(view, 269 + 1, 140 + 1), 0);
-        EXPECT_EQ(HitTest(view, 512 + 1, 141 + 1), 15);
-        EXPECT_EQ(HitTest(view, 121, 154), -1);
+        EXPECT_EQ(ViewHitTest(view, 269 + 1, 140 + 1), 0);
+        EXPECT_EQ(ViewHitTest(view, 512 + 1, 141 + 1), 15);
+        EXPECT_EQ(ViewHitTest(view, 121, 154), -1);
 
         // The same when the host only says that the console changed.
         design.Edit("ORNCST_1*type=ZEL4010");
         SendMessageA(view, CVM_SETPAGE, 0, 1);
         SendMessageA(view, WM_COMMAND, 2003, (LPARAM)GetDlgItem(view, 2003));
-        ASSERT_EQ(HitTest(view, 121, 154), 55);
+        ASSERT_EQ(ViewHitTest(view, 121, 154), 55);
         static_cast<CONSOLEPROPERTIES*>(console)->m_model = strcmp(board, "ELK-CSK") == 0 ? 3 : 6;
         SendMessageA(view, CVM_CONSOLECHANGED, 0, 0);
-        EXPECT_EQ(HitTest(view, 269 + 1, 140 + 1), 0);
-        EXPECT_EQ(HitTest(view, 512 + 1, 141 + 1), 15);
-        EXPECT_EQ(HitTest(view, 121, 154), -1);
+        EXPECT_EQ(ViewHitTest(view, 269 + 1, 140 + 1), 0);
+        EXPECT_EQ(ViewHitTest(view, 512 + 1, 141 + 1), 15);
+        EXPECT_EQ(ViewHitTest(view, 121, 154), -1);
     }
 }
 

@@ -1,0 +1,19 @@
+// The console view's context menus as a test opens them: the menu is shown at
+// a client point, its items are recorded, and one is chosen with the keys.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+struct MENURUN {
+    std::string choice;               // the item to choose; anything else chooses nothing
+    std::vector<std::string> items;   // "Clear (greyed)", "Not Used (checked)"; no separators
+    bool opened = false;
+};
+
+// Opens the view's menu at the client point x, y; empty items when none opened.
+MENURUN ViewMenuAt(HWND view, int x, int y, const std::string& choice);
+// The view's hit test (CVM_HITTEST): the key at a client point, or -1.
+int ViewHitTest(HWND view, int x, int y);
