@@ -12,6 +12,7 @@
 #include "configurationrules.h"
 #include "controldescriptor.h"
 #include "../device/consoleproperties.h"
+#include "../device/handlers.h"
 
 #include "../../base/text.h"
 #include "../../base/banned.h"
@@ -106,14 +107,18 @@ void AdaptColumnToConsole(CONFIGURATIONSTATE* state)
     }
 }
 
-// Monitoring while online (or while another console already monitors) and
-// the emergency key set while online cannot be changed; the toggles are
-// only sent their look again when that changes.
+// Monitoring while online, or while another console of the design already
+// monitors and takes the program channel (as switching it on would warn), and
+// the emergency key set while online cannot be changed; a console that
+// monitors itself can always switch it off. The toggles are only sent their
+// look again when that changes.
 void GreyDependentOptions(CONFIGURATIONSTATE* state)
 {
     CONSOLEPROPERTIES* c = state->console;
     const bool online = c->IsOnline();
-    const int monitoring = online ? 0 : 1;
+    const bool channelTaken =
+        !c->m_settings.fireEmergencyMonitoring && AnotherConsoleMonitors(c, MONITORSEARCH_ANY_OTHER);
+    const int monitoring = online || channelTaken ? 0 : 1;
     if (monitoring != state->fireMonitoringEnabled) {
         state->fireMonitoringEnabled = monitoring;
         SetToggleEnabled(Widget(state, "lcdFireEmergencyMonitoring"), monitoring != 0, "FireEmergencyMonitoring");

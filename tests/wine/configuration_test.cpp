@@ -278,6 +278,35 @@ TEST(Configuration, GoingOnlineGreysMonitoringAndEmergencyKeysWithinOneTick)
     DestroyWindow(window);
 }
 
+// Only one console of a design monitors: another one's toggle is grey until
+// the first lets go, while the monitoring console can always switch it off.
+TEST(Configuration, AnotherConsolesMonitoringGreysTheToggle)
+{
+    TESTDESIGN design;
+    design.Load({ConsoleLine("ORNCST_1"), ConsoleLine("ORNCST_2"), "ORNCST_2*FireEmergencyMonitoring=1"});
+    HWND window = Open(design, "ORNCST_1", "DOVRIXZELCONFIGURATIONDIALOG");
+    ASSERT_NE(window, nullptr);
+    HWND monitoring = NamedChild(window, "lcdFireEmergencyMonitoring");
+    ASSERT_NE(monitoring, nullptr);
+    Tick(window);
+    EXPECT_FALSE(IsWindowEnabled(monitoring));
+    EXPECT_TRUE(IsWindowEnabled(NamedChild(window, "EmergencyCSTKeys")));
+    design.Edit("ORNCST_2*FireEmergencyMonitoring=0");
+    Tick(window);
+    EXPECT_TRUE(IsWindowEnabled(monitoring));
+    DestroyWindow(window);
+
+    HWND own = Open(design, "ORNCST_2", "DOVRIXZELCONFIGURATIONDIALOG");
+    ASSERT_NE(own, nullptr);
+    {
+        MESSAGEBOXCATCHER warning;  // switching it on warns of the program channel it takes
+        design.Edit("ORNCST_2*FireEmergencyMonitoring=1");
+    }
+    Tick(own);
+    EXPECT_TRUE(IsWindowEnabled(NamedChild(own, "lcdFireEmergencyMonitoring")));
+    DestroyWindow(own);
+}
+
 TEST(Configuration, SupervisionRelabelsForTypeZeroAndBack)
 {
     TESTDESIGN design;
