@@ -47,6 +47,7 @@ enum SCRIPTVERB {
     SCRIPT_LAMPS,
     SCRIPT_CHOOSE,
     SCRIPT_CLOSE,
+    SCRIPT_IDLE,
     SCRIPT_VERB_COUNT  // not a verb: the number of them, SCRIPT_NOTHING included
 };
 

@@ -41,6 +41,7 @@ const SCRIPTVERBROW kVerbs[] = {
     {SCRIPT_LIST, "list", "OBJ", "prints the object's property list, KEYWORD=VALUE a row"},
     {SCRIPT_ALARMS, "alarms", "", "prints the design's alarm matrix, a source a line"},
     {SCRIPT_TICK, "tick", "MS", "advances the host's clock and timers by MS"},
+    {SCRIPT_IDLE, "idle", "MS", "lets MS of real time pass with the message loop running: the windows' own timers fire"},
     {SCRIPT_VIEW, "view", "OBJ", "opens the console's view in a frame of its own"},
     {SCRIPT_PRESS, "press", "OBJ KEY", "presses key KEY (its id) of the console view with the mouse"},
     {SCRIPT_RELEASE, "release", "OBJ KEY", "releases the mouse button over key KEY"},
