@@ -10,52 +10,45 @@
 #include "trace.h"
 
 // ---- State in the window's user data ---------------------------------------
+// A window keeps its state in GWLP_USERDATA, a dialog in DWLP_USER.
 
 template <class STATE>
-STATE* WindowState(HWND hwnd)
+STATE* StateIn(HWND hwnd, int slot)
 {
-    return reinterpret_cast<STATE*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
+    return reinterpret_cast<STATE*>(GetWindowLongPtrA(hwnd, slot));
 }
 
-// Keeps state in the window (at WM_CREATE); returns it.
+// Keeps state in the window (at WM_CREATE or WM_INITDIALOG); returns it.
 template <class STATE>
-STATE* AttachWindowState(HWND hwnd, STATE* state)
+STATE* AttachStateIn(HWND hwnd, int slot, STATE* state)
 {
-    SetWindowLongPtrA(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(state));
+    SetWindowLongPtrA(hwnd, slot, reinterpret_cast<LONG_PTR>(state));
     return state;
 }
 
 // Takes the state out of the window and frees it (at WM_DESTROY): messages
 // that come later find none.
 template <class STATE>
-void FreeWindowState(HWND hwnd)
+void FreeStateIn(HWND hwnd, int slot)
 {
-    STATE* state = WindowState<STATE>(hwnd);
-    SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
+    STATE* state = StateIn<STATE>(hwnd, slot);
+    SetWindowLongPtrA(hwnd, slot, 0);
     delete state;
 }
 
-// Dialogs keep theirs in the dialog's user slot.
 template <class STATE>
-STATE* DialogState(HWND dialog)
-{
-    return reinterpret_cast<STATE*>(GetWindowLongPtrA(dialog, DWLP_USER));
-}
+STATE* WindowState(HWND hwnd) { return StateIn<STATE>(hwnd, GWLP_USERDATA); }
+template <class STATE>
+STATE* AttachWindowState(HWND hwnd, STATE* state) { return AttachStateIn(hwnd, GWLP_USERDATA, state); }
+template <class STATE>
+void FreeWindowState(HWND hwnd) { FreeStateIn<STATE>(hwnd, GWLP_USERDATA); }
 
 template <class STATE>
-STATE* AttachDialogState(HWND dialog, STATE* state)
-{
-    SetWindowLongPtrA(dialog, DWLP_USER, reinterpret_cast<LONG_PTR>(state));
-    return state;
-}
-
+STATE* DialogState(HWND dialog) { return StateIn<STATE>(dialog, DWLP_USER); }
 template <class STATE>
-void FreeDialogState(HWND dialog)
-{
-    STATE* state = DialogState<STATE>(dialog);
-    SetWindowLongPtrA(dialog, DWLP_USER, 0);
-    delete state;
-}
+STATE* AttachDialogState(HWND dialog, STATE* state) { return AttachStateIn(dialog, DWLP_USER, state); }
+template <class STATE>
+void FreeDialogState(HWND dialog) { FreeStateIn<STATE>(dialog, DWLP_USER); }
 
 // ---- Guarded procedures ------------------------------------------------------
 
