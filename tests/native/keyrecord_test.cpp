@@ -4,24 +4,7 @@
 
 #include "../../plugin/keys/keycatalogue.h"
 #include "../../plugin/keys/keyrecord.h"
-
-namespace {
-
-std::string RoundTrip(const std::string& record)
-{
-    KEYSLOT slot;
-    ParseKeyRecord(record.c_str(), &slot);
-    return FormatKeyRecord(slot);
-}
-
-KEYSLOT Parsed(const std::string& record)
-{
-    KEYSLOT slot;
-    ParseKeyRecord(record.c_str(), &slot);
-    return slot;
-}
-
-}  // namespace
+#include "keyrecordtesting.h"
 
 TEST(KeyRecord, EveryFamilyRoundTrips)
 {

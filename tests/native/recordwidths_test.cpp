@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "../../plugin/keys/keyrecord.h"
+#include "keyrecordtesting.h"
 
 namespace {
 
@@ -52,20 +53,6 @@ std::string Record(const LAYOUT& layout, int field, long long value)
     for (int n = 0; n < layout.texts; n++)
         record += std::string(",") + texts[n];
     return record;
-}
-
-std::string RoundTrip(const std::string& record)
-{
-    KEYSLOT slot = EmptyKeySlot();
-    ParseKeyRecord(record.c_str(), &slot);
-    return FormatKeyRecord(slot);
-}
-
-KEYSLOT Parsed(const std::string& record)
-{
-    KEYSLOT slot = EmptyKeySlot();
-    ParseKeyRecord(record.c_str(), &slot);
-    return slot;
 }
 
 // The slot's numbers written as another function: which cells it shares.
