@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <string>
+#include <vector>
 
 #include <windows.h>
 #include <commctrl.h>
@@ -363,5 +365,38 @@ TEST(Configuration, TypeSixIsAKeypadBoardWithTheCskFirmwareHeader)
     HWND page = SupervisionPage(window);
     ASSERT_NE(page, nullptr);
     EXPECT_EQ(ItemText(page, 1094), "PTT/ALARM BUTTON");
+    DestroyWindow(window);
+}
+
+BOOL CALLBACK NoteInvalidChild(HWND child, LPARAM invalid)
+{
+    if (GetUpdateRect(child, NULL, FALSE)) {
+        char name[64] = "";
+        GetClassNameA(child, name, sizeof name);
+        reinterpret_cast<std::vector<std::string>*>(invalid)->push_back(name);
+    }
+    return TRUE;
+}
+
+// The window watched while nothing happens: a 200 ms tick that finds every
+// value as it was shown leaves every child valid, online and offline alike.
+TEST(Configuration, TicksThatFindNothingChangedRepaintNothing)
+{
+    TESTDESIGN design;
+    design.Load({ConsoleLine("ORNCST_1")});
+    HWND window = Open(design, "ORNCST_1", "DOVRIXZELCONFIGURATIONDIALOG");
+    ASSERT_NE(window, nullptr);
+    for (bool online : {false, true}) {
+        if (online)
+            design.Object("ORNCST_1")->m_wFlags |= HOSTFLAG_ONLINE;
+        Tick(window);  // what changed is shown
+        RedrawWindow(window, NULL, NULL, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        for (int tick = 0; tick < 5; ++tick)
+            Tick(window);
+        std::vector<std::string> invalid;
+        EnumChildWindows(window, NoteInvalidChild, (LPARAM)&invalid);
+        EXPECT_TRUE(invalid.empty()) << (online ? "online: " : "offline: ") << invalid.size() << " children to repaint, "
+                                     << (invalid.empty() ? "" : invalid.front());
+    }
     DestroyWindow(window);
 }
