@@ -57,14 +57,30 @@ int FrameOf(const WIDGET* w)
     }
 }
 
-void DrawFace(HDC hdc, const WIDGET* w, const RECT& client)
+// A face narrower than its widget keeps its own width, and the caption
+// centres on it: a 188-pixel button with a 118-pixel face is a 118-pixel
+// button (the rest shows the widget's background). A wider face is shrunk.
+RECT FaceBox(const WIDGET* w, const RECT& client)
+{
+    BITMAP info = {};
+    RECT box = client;
+    if (!w->face || !GetObjectA(w->face, sizeof info, &info) || info.bmWidth <= 0)
+        return box;
+    const int frames = FramesOf(w->kind);
+    const int frameWidth = info.bmWidth / frames > 0 ? info.bmWidth / frames : info.bmWidth;
+    if (frameWidth < box.right)
+        box.right = frameWidth;
+    return box;
+}
+
+void DrawFace(HDC hdc, const WIDGET* w, const RECT& box)
 {
     BITMAP info = {};
     if (!w->face || !GetObjectA(w->face, sizeof info, &info) || info.bmWidth <= 0) {
         UINT state = DFCS_BUTTONPUSH;
         if (FrameOf(w) == 1)
             state |= DFCS_PUSHED;
-        RECT edge = client;
+        RECT edge = box;
         DrawFrameControl(hdc, &edge, DFC_BUTTON, state);
         return;
     }
@@ -74,8 +90,8 @@ void DrawFace(HDC hdc, const WIDGET* w, const RECT& client)
     MemoryDC memory(hdc);
     Selection face(memory, w->face);
     SetStretchBltMode(hdc, COLORONCOLOR);
-    StretchBlt(hdc, 0, 0, client.right, client.bottom, memory, frame * frameWidth, 0, frameWidth, info.bmHeight,
-               SRCCOPY);
+    StretchBlt(hdc, box.left, box.top, box.right - box.left, box.bottom - box.top, memory, frame * frameWidth, 0,
+               frameWidth, info.bmHeight, SRCCOPY);
 }
 
 void DrawText(HWND hwnd, HDC hdc, const WIDGET* w, RECT box)
@@ -95,6 +111,11 @@ void DrawText(HWND hwnd, HDC hdc, const WIDGET* w, RECT box)
     if (w->kind == WIDGET_STATIC && w->attributes.alignLeft) {
         format |= DT_LEFT;
         box.left += 2;
+    } else if (w->kind == WIDGET_TRISTATE && w->face) {
+        // A switch's caption stands beside its square indicator, at the
+        // left of the face, so a switch at a page's edge stays readable.
+        format |= DT_LEFT;
+        box.left += (box.bottom - box.top) + 4;
     } else {
         format |= DT_CENTER;
     }
@@ -109,10 +130,12 @@ void Widget_Draw(HWND hwnd, WIDGET* w, HDC hdc)
     GetClientRect(hwnd, &client);
     Brush background(CreateSolidBrush(Background(w)));
     FillRect(hdc, &client, background);
-    if (w->kind == WIDGET_TRISTATE || w->kind == WIDGET_BUTTON || w->kind == WIDGET_LED)
-        DrawFace(hdc, w, client);
+    const bool faced = w->kind == WIDGET_TRISTATE || w->kind == WIDGET_BUTTON || w->kind == WIDGET_LED;
+    const RECT box = faced ? FaceBox(w, client) : client;
+    if (faced)
+        DrawFace(hdc, w, box);
     if (w->kind != WIDGET_EDIT && w->kind != WIDGET_LED)
-        DrawText(hwnd, hdc, w, client);
+        DrawText(hwnd, hdc, w, box);
 }
 
 void Widget_Paint(HWND hwnd, WIDGET* w)

@@ -10,7 +10,7 @@ log() { printf '== %s\n' "$*" >&2; }
 # separately, through ensure_wine32.
 PACKAGES=(cmake make g++ pkg-config
           g++-mingw-w64-i686 g++-mingw-w64-x86-64 mingw-w64-tools binutils-mingw-w64-i686
-          wine wine64 xvfb xauth
+          wine wine64 fonts-wine xvfb xauth
           googletest libgtest-dev clang libclang-rt-14-dev
           libz-mingw-w64-dev libminizip-dev zlib1g-dev dpkg-dev)
 
@@ -218,11 +218,13 @@ wine_env() {
         in_xvfb bash -c '"$WINE" wineboot -i &&
             "$WINE" reg add "HKCU\Software\Wine\WineDbg" /v ShowCrashDialog /t REG_DWORD /d 0 /f &&
             "$WINE" reg add "HKCU\Software\Wine\X11 Driver" /v Managed /t REG_SZ /d N /f' >/dev/null 2>&1
-        # Wine's own fonts (Tahoma, Marlett for the caption buttons, MS Sans
-        # Serif) are found only in the prefix's Fonts folder here.
-        cp -n /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null
         touch "$WINEPREFIX/.dovrixc-ready"
     fi
+    # Wine's own fonts (Tahoma for the trees, MS Sans Serif for the dialogs,
+    # whose dialog units follow it, Marlett for the caption buttons) are found
+    # only in the prefix's Fonts folder here; a prefix made before fonts-wine
+    # was installed gets them now.
+    cp -n /usr/share/wine/fonts/*.ttf /usr/share/wine/fonts/*.fon "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null || true
 }
 
 # Runs a command under a private X server and waits for Wine to wind down
