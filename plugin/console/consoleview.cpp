@@ -72,6 +72,9 @@ void ChangeExtensions(HWND hwnd, CONSOLEVIEW* view, bool add)
     c->m_settings.extensionCount = PresentExtensions(slots);
     c->MarkEdited();
     SendMessageA(hwnd, CVM_SETPAGE, 0, view->page % 3);
+    // An open control panel shows the extensions as they are now.
+    if (c->m_hControlPanel && IsWindow(c->m_hControlPanel))
+        SendMessageA(c->m_hControlPanel, CVM_CONSOLECHANGED, 0, 0);
 }
 
 LRESULT View_Command(HWND hwnd, CONSOLEVIEW* view, WPARAM wParam, LPARAM lParam)
