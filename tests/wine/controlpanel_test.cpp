@@ -337,3 +337,30 @@ TEST(ControlPanelLife, ClosingTheDesignLeavesNothingBehind)
     EXPECT_FALSE(tip && IsWindow(tip));
     EXPECT_EQ(PanelsOfThread(), 0);
 }
+
+TEST(ControlPanelLife, TheWorkbenchOpensPressesPagesPicturesAndClosesIt)
+{
+    const std::string folder = TempFolder();
+    const std::string script = WriteScript(
+        "tick 1100\n"
+        "panel ORNCST_1\n"
+        "press panel:ORNCST_1 5\n"
+        "get ORNCST_1 leds\n"
+        "shot panel:ORNCST_1 " + folder + "\\panel.png\n"
+        "release panel:ORNCST_1 5\n"
+        "get ORNCST_1 leds\n"
+        "page panel:ORNCST_1 1\n"
+        "page panel:ORNCST_1 3\n"
+        "page panel:ORNCST_1 2\n"
+        "panel ORNCST_1\n"
+        "press panel:ORNCST_1 5\n");
+    const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
+    EXPECT_NE(run.exitCode, 0u);  // page 3, and a press on the closed panel
+    EXPECT_NE(run.out.find("panel: ORNCST_1 open\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("leds=00000e"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("leds=000001"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("panel: ORNCST_1 closed\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.err.find("the control panel has pages 0 to 2"), std::string::npos) << run.err;
+    EXPECT_NE(run.err.find("ORNCST_1 has no control panel open"), std::string::npos) << run.err;
+    EXPECT_EQ(ReadFileBytes(folder + "\\panel.png").substr(1, 3), "PNG");
+}
