@@ -172,7 +172,7 @@ LRESULT View_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 
 int ConsoleType(const CONSOLEVIEW* view)
 {
-    return view->console->m_model;
+    return FaceType(*view->kind, view->console->m_model);
 }
 
 CONSOLEKEY* FindViewKey(CONSOLEVIEW* view, int id)

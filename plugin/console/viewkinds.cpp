@@ -46,6 +46,11 @@ int SideBySideScrollMaximum(int extensions)
     return EXTENSION_STRIP_WIDTH * extensions + 523;
 }
 
+int FaceType(const VIEWKIND& kind, int type)
+{
+    return kind.frontPicture && IsBoardView(type) ? 4 : type;
+}
+
 int ControlPanelPicture(int type)
 {
     return type == 5 ? IDR_CONSOLE_FRONT_ELK15 : IDR_CONSOLE_FRONT_ORN15;

@@ -49,3 +49,7 @@ int ExtensionsPageWidth(int extensions);
 int SideBySideScrollMaximum(int extensions);
 // The front picture the control panel shows for a console type.
 int ControlPanelPicture(int type);
+// The console type whose face a window lays out and paints. The control
+// panel shows a front: a board (types 3 and 6) appears as the front its
+// picture is, type 4's, not as connector pins over a front.
+int FaceType(const VIEWKIND& kind, int type);

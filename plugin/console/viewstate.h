@@ -53,6 +53,7 @@ enum { HEADER_ONLINE, HEADER_NAME, HEADER_FIND, HEADER_PICTURE };
 // The control panel's name for the same state.
 typedef CONSOLEVIEW CONTROLPANEL;
 
+// The type whose face the window shows (the console's own in the view).
 int ConsoleType(const CONSOLEVIEW* view);
 CONSOLEKEY* FindViewKey(CONSOLEVIEW* view, int id);
 

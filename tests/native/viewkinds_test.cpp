@@ -59,6 +59,16 @@ TEST(ViewKinds, TheControlPanelShowsTheFrontOfItsType)
         EXPECT_EQ(ControlPanelPicture(type), 196) << type;
 }
 
+TEST(ViewKinds, TheControlPanelShowsABoardAsTheFrontOfItsPicture)
+{
+    for (int type : {0, 2, 3, 4, 5, 6})
+        EXPECT_EQ(FaceType(kConsoleViewKind, type), type) << type;
+    EXPECT_EQ(FaceType(kControlPanelKind, 3), 4);
+    EXPECT_EQ(FaceType(kControlPanelKind, 6), 4);
+    for (int type : {0, 2, 4, 5})
+        EXPECT_EQ(FaceType(kControlPanelKind, type), type) << type;
+}
+
 TEST(ViewKinds, TheControlPanelsTip)
 {
     EXPECT_EQ(ControlPanelKeyTooltip("Hall", 0, "Select Zone"), "Key 'Hall' (0)\nSelect Zone");

@@ -291,6 +291,20 @@ TEST_F(ControlPanel, TheTipNamesTheKeysLabelIdAndFunction)
     EXPECT_EQ(TooltipText(panel), "Key 'Exit' (116)\nEmpty");
 }
 
+// A board has no front of its own: the panel shows the 15-key front its
+// picture is, with that front's keys in the grey of the fronts.
+TEST_F(ControlPanel, ABoardConsoleShowsTheFrontOfItsPicture)
+{
+    design.Edit("ORNCST_1*type=ELK-CSK");
+    Open();
+    EXPECT_EQ(ViewHitTest(panel, 263 + 1, 152 + 1), 0);
+    EXPECT_EQ(ViewHitTest(panel, 263 + 6 + 1, 152 - 12 - 1), -1);  // where the board puts key 0
+    int width = 0;
+    const std::vector<DWORD> pixels = WindowPixels(panel, &width);
+    ASSERT_FALSE(pixels.empty());
+    EXPECT_EQ(pixels[(size_t)152 * width + 263] & 0xFFFFFF, 0xBFBFBFu);  // a key's corner shows its fill
+}
+
 TEST_F(ControlPanel, ItsHostControlsShowTheOnlineStateAndTheName)
 {
     Open();
