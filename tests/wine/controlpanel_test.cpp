@@ -134,6 +134,12 @@ TEST_F(ControlPanel, OpensAtTheCanvasAndTheSecondRequestClosesIt)
     EXPECT_EQ(PanelsOfThread(), 0);
     Open();  // and once more
     EXPECT_TRUE(IsWindow(panel));
+
+    // Closed by its own close button, it opens again on the next request.
+    SendMessageA(panel, WM_CLOSE, 0, 0);
+    EXPECT_FALSE(IsWindow(panel));
+    Open();
+    EXPECT_TRUE(IsWindow(panel));
 }
 
 TEST_F(ControlPanel, ScrollRangeOnlyWithExtensions)
