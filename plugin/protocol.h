@@ -44,6 +44,8 @@ enum CONFIGURATIONMESSAGE : UINT {
 // The device canvas.
 enum CANVASMESSAGE : UINT {
     DCM_LINESLOADED = WM_USER + 30,    // posted to itself: the design file's lines are all in
+    DCM_CONTROLPANEL = WM_USER + 31,   // opens the console's control panel, or closes it when open;
+                                       // answers the panel's window when it opened, else 0
 };
 
 // The configuration window's tabs (the index kept in the console).

@@ -12,7 +12,7 @@
 namespace {
 
 const VERBHANDLERS* const kHandlerTables[] = {
-    &kInspectVerbs, &kInputVerbs, &kSimulationVerbs, &kPictureVerbs, &kConsoleViewVerbs, &kFirmwareVerbs, &kConfigurationVerbs,
+    &kInspectVerbs, &kInputVerbs, &kSimulationVerbs, &kPictureVerbs, &kConsoleViewVerbs, &kPanelVerbs, &kFirmwareVerbs, &kConfigurationVerbs,
 };
 
 // The handlers bound to the verb; the one found is handed back.

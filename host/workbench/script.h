@@ -48,6 +48,7 @@ enum SCRIPTVERB {
     SCRIPT_CHOOSE,
     SCRIPT_CLOSE,
     SCRIPT_IDLE,
+    SCRIPT_PANEL,
     SCRIPT_VERB_COUNT  // not a verb: the number of them, SCRIPT_NOTHING included
 };
 

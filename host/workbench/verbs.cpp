@@ -15,7 +15,8 @@ const SCRIPTVERBROW kVerbs[] = {
     {SCRIPT_TRACE, "trace", "", "prints the lines of the output window"},
     {SCRIPT_SCREENSHOT, "screenshot", "FILE", "writes the workbench window as the screen shows it"},
     {SCRIPT_SHOT, "shot", "TARGET FILE",
-     "writes a picture of TARGET: surface, screen, an object's canvas (its name), config:OBJ, view:OBJ or page:OBJ"},
+     "writes a picture of TARGET: surface, screen, an object's canvas (its name), config:OBJ, view:OBJ, panel:OBJ or "
+     "page:OBJ"},
     {SCRIPT_SELECT, "select", "OBJ", "selects the object; the property list shows it"},
     {SCRIPT_FIRMWARE, "firmware", "OBJ PACKAGE PASSWORD",
      "runs the online console's firmware update, printing each state text"},
@@ -44,15 +45,18 @@ const SCRIPTVERBROW kVerbs[] = {
     {SCRIPT_IDLE, "idle", "MS",
      "lets MS of real time pass with the message loop running: the windows' own timers fire; prints the CPU time spent"},
     {SCRIPT_VIEW, "view", "OBJ", "opens the console's view in a frame of its own"},
-    {SCRIPT_PRESS, "press", "OBJ KEY", "presses key KEY (its id) of the console view with the mouse"},
-    {SCRIPT_RELEASE, "release", "OBJ KEY", "releases the mouse button over key KEY"},
+    {SCRIPT_PRESS, "press", "OBJ KEY",
+     "presses key KEY (its id) of the console view with the mouse; panel:OBJ presses it on the control panel"},
+    {SCRIPT_RELEASE, "release", "OBJ KEY", "releases the mouse button over key KEY (of the view, or of panel:OBJ)"},
     {SCRIPT_RCLICK, "rclick", "OBJ KEY ITEM", "opens the key's context menu, prints its items and chooses ITEM (- none)"},
     {SCRIPT_LABEL, "label", "OBJ KEY TEXT", "types TEXT into the key's label box and presses Enter"},
     {SCRIPT_EXTENSION, "extension", "OBJ add|remove", "the console view's toolbar buttons"},
     {SCRIPT_PAGE, "page", "OBJ N|side|buttons",
-     "page button N (0 the console, k extension slot k-1), or the layout side by side or with page buttons"},
+     "page button N (0 the console, k extension slot k-1), or the layout side by side or with page buttons; "
+     "panel:OBJ N shows the control panel's page N (0 side by side, 1 with page buttons, 2 the extensions)"},
     {SCRIPT_LEDS, "leds", "OBJ KEY MODE [MODE2]", "sets the modes (0 to 3) of the key's first and second LED"},
     {SCRIPT_SCROLL, "scroll", "OBJ X", "moves the console view's scroll box to X"},
+    {SCRIPT_PANEL, "panel", "OBJ", "opens the console's control panel, or closes it when it is open"},
     {SCRIPT_HELP, "help", "", "prints every command with its arguments and what it does"},
 };
 

@@ -6,6 +6,7 @@
 #include "../config/configurationdialog.h"
 #include "../controls/radiobutton.h"
 #include "../console/consoleview.h"
+#include "../console/controlpanel.h"
 #include "../console/viewimages.h"
 
 #include "analyze.h"
@@ -104,8 +105,9 @@ int RegisterKeyFunctionView(HINSTANCE instance)
 
 int RegisterControlPanel(HINSTANCE instance)
 {
+    LoadConsoleViewImages(instance);  // the panel's pictures are among the view's
     // The control panel shares the console view's failure text.
-    return RegisterShadowed(instance, "DOVRIXCONTROLPANEL", PendingWindowProc,
+    return RegisterShadowed(instance, "DOVRIXCONTROLPANEL", ControlPanelWndProc,
                             "RegisterConsoleView failed %d\n");
 }
 
