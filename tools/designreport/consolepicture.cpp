@@ -52,12 +52,23 @@ void Picture(std::string* out, int image, int x, int y, bool board)
             "\" stroke=\"#666\"/>\n";
 }
 
+// What the picture writes on a key: short, as the key's own print.
+std::string PictureCaption(int id)
+{
+    switch (id) {
+    case KEY_UP: return "Up";
+    case KEY_DOWN: return "Down";
+    case KEY_WIDE: return std::string();
+    default: return id >= 12 && id < KEYPAD_KEY_COUNT ? std::string() : KeyCaption(id);
+    }
+}
+
 void Key(std::string* out, const CONSOLEKEY& key, const KEYROW* row, const std::string& caption)
 {
     int width = 0, height = 0;
     KeySize(key, &width, &height);
     *out += "<g><title>";
-    AppendMarkup(out, caption + ": " + (row ? row->function : std::string("not configured")) +
+    AppendMarkup(out, KeyCaption(key.id) + ": " + (row ? row->function : std::string("not configured")) +
                           (row && !row->destination.empty() ? " - " + row->destination : std::string()));
     *out += "</title><rect x=\"" + Number(key.left) + "\" y=\"" + Number(key.top) + "\" width=\"" + Number(width) +
             "\" height=\"" + Number(height) + "\" rx=\"3\" fill=\"" + KeyFill(row) + "\" stroke=\"#444\"/>";
@@ -76,8 +87,6 @@ void LabelBox(std::string* out, const CONSOLEKEYLABEL& box, const std::string& l
         const FITTEDTEXT fitted = FitText(label, box.width - 4, 10.5, 5);
         *out += "<text x=\"" + Number(box.x + 2) + "\" y=\"" + Number(box.y + box.height / 2 + fitted.fontSize / 3) +
                 "\" font-size=\"" + Number(fitted.fontSize) + "\" fill=\"#494949\"";
-        if (fitted.squeezed)
-            *out += " textLength=\"" + Number(box.width - 4) + "\" lengthAdjust=\"spacingAndGlyphs\"";
         *out += ">";
         AppendMarkup(out, fitted.text);
         *out += "</text>";
@@ -128,7 +137,7 @@ void AppendConsolePicture(const CONSOLEDESIGN& console, const std::vector<KEYROW
             Number(bounds.bottom - bounds.top + 2 * margin) + "\" font-family=\"Arial, sans-serif\">\n";
     Picture(out, frame.picture, frame.leftMargin, frame.pictureTop, IsBoardView(type));
     for (const CONSOLEKEY& key : keys)
-        Key(out, key, rowOf(key.id), KeyCaption(key.id));
+        Key(out, key, rowOf(key.id), PictureCaption(key.id));
     for (const CONSOLEKEYLABEL& box : ConsoleKeyLabels(type))
         LabelBox(out, box, labelOf(box.key));
     // The extensions stand right of the console in slot order.

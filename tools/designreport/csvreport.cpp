@@ -36,7 +36,7 @@ void WriteCsv(const DESIGNMODEL& model, TEXTSINK* out)
                 Field(&text, console->name);
                 Field(&text, facts.displayName);
                 Field(&text, row.caption);
-                Field(&text, row.numeric ? FormatString("NumericKey%d", row.slot) : FormatString("%d", row.slot));
+                Field(&text, row.numeric ? KeyKeyword(row) : FormatString("%d", row.slot));
                 Field(&text, row.function);
                 Field(&text, row.destination);
                 Field(&text, row.message);

@@ -22,8 +22,7 @@ struct KEYCHECK {
 
     void Report(const KEYROW& row, PROBLEMKIND kind, const std::string& text) const
     {
-        problems->Add(row.line, kind, console.name, FormatString("key %s (%s%d): ", row.caption.c_str(),
-                                                                 row.numeric ? "NumericKey" : "", row.slot) + text);
+        problems->Add(row.line, kind, console.name, KeyKeyword(row) + " (\"" + row.caption + "\"): " + text);
     }
 
     // The controller's list of a kind, when the design carries it.
@@ -148,8 +147,8 @@ void CheckLabels(const CONSOLEDESIGN& console, PROBLEMLIST* problems)
     for (const KEYLINE& label : console.labels)
         if (label.record.length > REPORT_LABEL_LENGTH)
             problems->Add(label.record.line, PROBLEM_LONG_LABEL, console.name,
-                          FormatString("label of key %s (%d) has %zu characters, the device shows %d",
-                                       KeyCaption(label.slot).c_str(), label.slot, label.record.length,
+                          FormatString("keylabel%03d (\"%s\"): the label has %zu characters, the device shows %d",
+                                       label.slot, KeyCaption(label.slot).c_str(), label.record.length,
                                        REPORT_LABEL_LENGTH));
 }
 

@@ -176,6 +176,11 @@ void SplitDestination(const std::string& text, std::string* controller, std::str
     *name = text.substr(point + 1);
 }
 
+std::string KeyKeyword(const KEYROW& row)
+{
+    return row.numeric ? FormatString("NumericKey%d", row.slot) : FormatString("key%03d", row.slot);
+}
+
 KEYROW MakeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, bool numeric)
 {
     KEYROW row;

@@ -38,6 +38,9 @@ struct KEYROW {
     KEYSLOT key;
 };
 
+// "key005" or "NumericKey5", as the design names the key's line.
+std::string KeyKeyword(const KEYROW& row);
+
 KEYROW MakeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, bool numeric);
 // The console's configured keys, face and extensions in slot order, then the numeric keys.
 std::vector<KEYROW> KeyRows(const CONSOLEDESIGN& console);

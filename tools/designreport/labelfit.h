@@ -8,15 +8,15 @@
 #include <string>
 
 struct FITTEDTEXT {
-    std::string text;   // the design's text, or its cut start followed by the mark
+    std::string text;  // the design's text, or its cut start followed by the mark
     double fontSize = 0;
-    bool squeezed = false;  // close to the box: the drawing holds it to the width
     bool cut = false;
 };
 
-// The average advance of a character of a sans-serif face, in font sizes.
-extern const double kCharacterAdvance;
 // The mark that ends a cut text (a horizontal ellipsis, Windows-1252 0x85).
 extern const char kCutMark[];
+
+// The width of a Windows-1252 text in Arial (Helvetica's advances) at a size.
+double TextWidth(const std::string& text, double fontSize);
 
 FITTEDTEXT FitText(const std::string& text, double width, double largest, double smallest);

@@ -70,8 +70,6 @@ void Label(std::string* out, const PLACEMENT& place, const CONSOLEKEYLABEL& box,
     const FITTEDTEXT fitted = FitText(text, room, height * 0.7, std::min(kSmallestFont, height * 0.7));
     *out += "<text x=\"" + Number(x + width / 2) + "\" y=\"" + Number(y + height / 2 + fitted.fontSize * 0.35) +
             "\" font-size=\"" + Number(fitted.fontSize) + "\"";
-    if (fitted.squeezed)
-        *out += " textLength=\"" + Number(room) + "\" lengthAdjust=\"spacingAndGlyphs\"";
     *out += ">";
     AppendMarkup(out, fitted.text);
     *out += "</text>\n";
@@ -94,7 +92,8 @@ std::vector<BLOCK> Blocks(const DESIGNMODEL& model)
     std::vector<BLOCK> blocks;
     for (const CONSOLEGROUP& group : GroupConsoles(model)) {
         for (const CONSOLEDESIGN* console : group.consoles) {
-            const std::string name = FactsOf(model, *console).displayName + " (" + console->name + ")";
+            const std::string shown = FactsOf(model, *console).displayName;
+            const std::string name = shown == console->name ? shown : shown + " (" + console->name + ")";
             blocks.push_back(BLOCK{name + " - console", ConsoleKeyLabels(console->model), console});
             for (int slot = 0; slot < console->extensions; slot++)
                 blocks.push_back(BLOCK{name + FormatString(" - extension %d", slot + 1),

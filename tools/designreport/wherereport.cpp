@@ -45,9 +45,9 @@ size_t WriteWhere(const DESIGNMODEL& model, const std::string& name, TEXTSINK* o
             std::string what = row.destination;
             if (!row.message.empty())
                 what += (what.empty() ? "" : ", ") + row.message;
-            out->Buffer() += FormatString("%s(%d): %s: key %s (%s%d): %s: %s\n", model.fileName.c_str(), row.line,
-                                          console.name.c_str(), row.caption.c_str(), row.numeric ? "NumericKey" : "",
-                                          row.slot, row.function.c_str(), what.c_str());
+            out->Buffer() += FormatString("%s(%d): %s: %s (\"%s\"): %s: %s\n", model.fileName.c_str(), row.line,
+                                          console.name.c_str(), KeyKeyword(row).c_str(), row.caption.c_str(),
+                                          row.function.c_str(), what.c_str());
         }
         out->Spill();
     }
