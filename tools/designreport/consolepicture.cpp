@@ -146,7 +146,7 @@ void AppendConsolePicture(const CONSOLEDESIGN& console, const std::vector<KEYROW
         ExtensionStripOrigin(type, slot, &x, &y);
         Picture(out, ExtensionPicture(type), x, y, false);
         for (const CONSOLEKEY& key : ExtensionKeys(type, slot, slot))
-            Key(out, key, rowOf(key.id), FormatString("%d", (key.id - EXTENSION_FIRST_KEY) % EXTENSION_KEY_COUNT + 1));
+            Key(out, key, rowOf(key.id), std::to_string((key.id - EXTENSION_FIRST_KEY) % EXTENSION_KEY_COUNT + 1));
         for (const CONSOLEKEYLABEL& box : ExtensionKeyLabels(type, slot, slot))
             LabelBox(out, box, labelOf(box.key));
     }

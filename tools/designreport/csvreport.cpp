@@ -36,7 +36,7 @@ void WriteCsv(const DESIGNMODEL& model, TEXTSINK* out)
                 Field(&text, console->name);
                 Field(&text, facts.displayName);
                 Field(&text, row.caption);
-                Field(&text, row.numeric ? KeyKeyword(row) : FormatString("%d", row.slot));
+                Field(&text, row.numeric ? KeyKeyword(row) : std::to_string(row.slot));
                 Field(&text, row.function);
                 Field(&text, row.destination);
                 Field(&text, row.message);
@@ -45,7 +45,7 @@ void WriteCsv(const DESIGNMODEL& model, TEXTSINK* out)
                 Field(&text, row.locked);
                 Field(&text, row.label);
                 Field(&text, MarkText(row.mark));
-                Field(&text, FormatString("%d", row.line), true);
+                Field(&text, std::to_string(row.line), true);
             }
             out->Spill();
         }

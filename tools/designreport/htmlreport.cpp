@@ -98,7 +98,7 @@ void KeyTable(const std::vector<KEYROW>& rows, std::string* out)
         *out += row.mark == MARK_ALARM ? "<tr class=\"alarm\">" : row.mark == MARK_EVAC ? "<tr class=\"evac\">"
                                                                                         : "<tr>";
         Cell(out, row.caption);
-        Cell(out, row.numeric ? KeyKeyword(row) : FormatString("%d", row.slot));
+        Cell(out, row.numeric ? KeyKeyword(row) : std::to_string(row.slot));
         *out += "<td>";
         AppendMarkup(out, row.function);
         if (row.mark != MARK_NONE)

@@ -67,7 +67,7 @@ std::string TriggerText(int family, int code)
 
 std::string AlarmToneText(int code)
 {
-    const std::map<int, std::string> tones = AlarmToneTable(false);
+    static const std::map<int, std::string> tones = AlarmToneTable(false);
     auto found = tones.find(code);
     return found == tones.end() ? FormatString("tone %d", code) : found->second;
 }
@@ -97,7 +97,8 @@ std::string KeyCaption(int slot)
             return kKeypadCaptions[slot];
         return kFaceCaptions[slot - KEY_DEL];
     case PLACE_EXTENSION:
-        return FormatString("Ext %d / key %d", extension + 1, (slot - EXTENSION_FIRST_KEY) % EXTENSION_KEY_COUNT + 1);
+        return "Ext " + std::to_string(extension + 1) + " / key " +
+               std::to_string((slot - EXTENSION_FIRST_KEY) % EXTENSION_KEY_COUNT + 1);
     case PLACE_NONE:
         break;
     }
@@ -178,7 +179,11 @@ void SplitDestination(const std::string& text, std::string* controller, std::str
 
 std::string KeyKeyword(const KEYROW& row)
 {
-    return row.numeric ? FormatString("NumericKey%d", row.slot) : FormatString("key%03d", row.slot);
+    if (row.numeric)
+        return "NumericKey" + std::to_string(row.slot);
+    const char digits[] = {'k', 'e', 'y', (char)('0' + row.slot / 100 % 10), (char)('0' + row.slot / 10 % 10),
+                           (char)('0' + row.slot % 10), '\0'};
+    return row.slot >= 0 && row.slot < 1000 ? std::string(digits) : "key" + std::to_string(row.slot);
 }
 
 KEYROW MakeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, bool numeric)
@@ -213,7 +218,7 @@ KEYROW MakeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, bool numeri
 
     const FAMILYCELLS cells = CellsOf(family);
     if (cells.priority >= 0)
-        row.priority = FormatString("%d", key.cells[cells.priority]);
+        row.priority = std::to_string(key.cells[cells.priority]);
     if (cells.trigger >= 0)
         row.trigger = TriggerText(family, key.cells[cells.trigger]);
     if (cells.locked >= 0)

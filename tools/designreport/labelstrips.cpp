@@ -1,6 +1,7 @@
 #include <stdlib.h>
 
 #include <algorithm>
+#include <map>
 
 #include "consolefacts.h"
 #include "labelfit.h"
@@ -56,21 +57,34 @@ void CutMarks(std::string* out, double x, double y, double width, double height)
     *out += "</g>\n";
 }
 
+// A label window with its cut marks, drawn once per size and placed by reference.
+std::string WindowId(const CONSOLEKEYLABEL& box)
+{
+    return "window-" + Number(box.width) + "x" + Number(box.height);
+}
+
+void WindowDefinition(std::string* out, const std::string& id, double width, double height)
+{
+    *out += "<g id=\"" + id + "\"><rect class=\"window\" width=\"" + Number(width) + "\" height=\"" +
+            Number(height) + "\"/>";
+    CutMarks(out, 0, 0, width, height);
+    *out += "</g>\n";
+}
+
 void Label(std::string* out, const PLACEMENT& place, const CONSOLEKEYLABEL& box, const std::string& text)
 {
     const double x = place.x + (box.x - place.left) * place.scaleX;
     const double y = place.y + (box.y - place.top) * place.scaleY;
     const double width = box.width * place.scaleX, height = box.height * place.scaleY;
-    *out += "<rect class=\"window\" x=\"" + Number(x) + "\" y=\"" + Number(y) + "\" width=\"" + Number(width) +
-            "\" height=\"" + Number(height) + "\"/>";
-    CutMarks(out, x, y, width, height);
-    if (text.empty())
+    *out += "<use xlink:href=\"#" + WindowId(box) + "\" x=\"" + Number(x) + "\" y=\"" + Number(y) + "\"/>";
+    if (text.empty()) {
+        *out += "\n";
         return;
+    }
     const double room = width - 1.0;
     const FITTEDTEXT fitted = FitText(text, room, height * 0.7, std::min(kSmallestFont, height * 0.7));
     *out += "<text x=\"" + Number(x + width / 2) + "\" y=\"" + Number(y + height / 2 + fitted.fontSize * 0.35) +
-            "\" font-size=\"" + Number(fitted.fontSize) + "\"";
-    *out += ">";
+            "\" font-size=\"" + Number(fitted.fontSize) + "\">";
     AppendMarkup(out, fitted.text);
     *out += "</text>\n";
 }
@@ -137,7 +151,8 @@ void WriteLabelStrips(const DESIGNMODEL& model, const LABELSIZE& size, TEXTSINK*
         pageHeight += kCaptionHeight + (bottom - top) * scaleY + kBlockGap;
     }
     std::string& head = out->Buffer();
-    head += "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" +
+    head += "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" "
+            "xmlns:xlink=\"http://www.w3.org/1999/xlink\" width=\"" +
             Number(pageWidth) + "mm\" height=\"" + Number(pageHeight) + "mm\" viewBox=\"0 0 " + Number(pageWidth) +
             " " + Number(pageHeight) + "\" font-family=\"Arial, Helvetica, sans-serif\">\n<title>Label strips: ";
     AppendMarkup(&head, model.fileName);
@@ -145,6 +160,14 @@ void WriteLabelStrips(const DESIGNMODEL& model, const LABELSIZE& size, TEXTSINK*
                          Number(size.width).c_str(), Number(size.height).c_str());
     head += "<style>.cut{stroke:#000;stroke-width:0.1}.window{fill:none;stroke:#bbb;stroke-width:0.05}"
             "text{text-anchor:middle;fill:#000}.caption{text-anchor:start;font-size:3px;fill:#444}</style>\n";
+    // Every window size the blocks use: the keypad's and the wide key's.
+    std::map<std::string, bool> defined;
+    head += "<defs>\n";
+    for (const BLOCK& block : blocks)
+        for (const CONSOLEKEYLABEL& box : block.boxes)
+            if (defined.emplace(WindowId(box), true).second)
+                WindowDefinition(&head, WindowId(box), box.width * scaleX, box.height * scaleY);
+    head += "</defs>\n";
     double y = kPageMargin;
     for (const BLOCK& block : blocks) {
         std::string& text = out->Buffer();

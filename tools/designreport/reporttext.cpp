@@ -77,15 +77,24 @@ std::string CsvField(const std::string& text)
 
 std::string Number(double value)
 {
-    if (!isfinite(value))
+    // Hundredths, rounded half away from zero; written without printf, as
+    // the pictures hold millions of numbers.
+    if (!isfinite(value) || fabs(value) >= 1e15)
         return "0";
-    char text[64];
-    FormatText(text, sizeof text, "%.2f", value);
-    std::string number = text;
-    while (!number.empty() && number.back() == '0')
-        number.pop_back();
-    if (!number.empty() && number.back() == '.')
-        number.pop_back();
+    long long hundredths = llround(value * 100.0);
+    std::string number;
+    if (hundredths < 0) {
+        number += '-';
+        hundredths = -hundredths;
+    }
+    number += std::to_string(hundredths / 100);
+    const int fraction = (int)(hundredths % 100);
+    if (fraction) {
+        number += '.';
+        number += (char)('0' + fraction / 10);
+        if (fraction % 10)
+            number += (char)('0' + fraction % 10);
+    }
     return number == "-0" ? "0" : number;
 }
 
