@@ -253,6 +253,28 @@ TEST(DesignReport, AFileIsReadInChunksAsTheTextIs)
     EXPECT_FALSE(ReadDesignFile((path + ".missing").c_str(), "d.ds", &missing));
 }
 
+TEST(DesignReport, AFileWithAHugeLineIsReadInBoundedMemory)
+{
+    // 32 MB of one line, read in chunks: refused unread, the next line is read.
+    const std::string path = testing::TempDir() + "designreport_huge.ds";
+    const std::string chunk(1 << 20, 'z');
+    {
+        std::ofstream file(path, std::ios::binary);
+        file << kController << "ORNCON_1*zones=";
+        for (int i = 0; i < 32; i++)
+            file << chunk;
+        file << "\r\n" << Console("ORNCST_1");
+    }
+    DESIGNMODEL model;
+    ASSERT_TRUE(ReadDesignFile(path.c_str(), "d.ds", &model));
+    remove(path.c_str());
+    ASSERT_EQ(model.lineProblems.items.size(), 1u);
+    EXPECT_EQ(model.lineProblems.items[0].line, 2);
+    EXPECT_EQ(model.lineProblems.items[0].text, "Line too long (33554448 characters), not read");
+    EXPECT_EQ(model.consoles.size(), 1u);
+    EXPECT_FALSE(model.controllers[0].offers[OFFER_ZONES].present);
+}
+
 TEST(DesignReport, TheControllersListsAndOnlineStates)
 {
     const DESIGNMODEL model = ReadDesignText(SourceFile("tests/data/problems.ds"), "problems.ds");
