@@ -123,7 +123,7 @@ void ConsoleSection(const DESIGNMODEL& model, const CONSOLEDESIGN& console, std:
     AppendMarkup(out, facts.displayName + " (" + console.name + ")");
     *out += "</h3>\n<p class=\"facts\">";
     AppendMarkup(out, "Type " + facts.type + ", address " + facts.address + ", connection " + facts.connection +
-                          ", " + facts.extensions + " extensions, online at save: " + facts.online);
+                          ", extensions: " + facts.extensions + ", online at save: " + facts.online);
     *out += "</p>\n";
     AppendConsolePicture(console, rows, out);
     KeyTable(rows, out);
