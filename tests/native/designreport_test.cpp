@@ -286,3 +286,37 @@ TEST(DesignReport, TheControllersListsAndOnlineStates)
     EXPECT_TRUE(controller->onlineAtSave.at("ORNCST_1"));
     EXPECT_EQ(std::string(OfferKeyword(OFFER_INPUTS)), "inputs");
 }
+
+TEST(DesignReport, ListsDropEmptyNamesAndCountsStayInRange)
+{
+    const std::string design = std::string(kController) + "ORNCON_1*zones=Hall,,Lobby,\r\n" + Console("ORNCST_1") +
+                               "ORNCST_1*ExtensionCount=-1\r\n" + Console("ORNCST_2") + "ORNCST_2*ExtensionCount=9\r\n";
+    const DESIGNMODEL model = ReadDesignText(design, "d.ds");
+    EXPECT_EQ(model.controllers[0].offers[OFFER_ZONES].names, (std::vector<std::string>{"Hall", "Lobby"}));
+    EXPECT_EQ(model.consoles[0].extensions, 0);
+    EXPECT_EQ(model.consoles[1].extensions, 5);
+    EXPECT_EQ(std::string(OfferKeyword(OFFER_COUNT)), "");
+    EXPECT_EQ(std::string(ProblemKindText(PROBLEM_LINE)), "line");
+}
+
+TEST(DesignReport, AFileEndingOneByteAfterAChunkIsReadWhole)
+{
+    // The reader takes 64 KiB at a time: the last byte is a chunk of its own.
+    std::string design = std::string(kController) + Console("ORNCST_1");
+    while (design.size() < 65536 - 60)
+        design += "ORNCST_1*key000=Protect\r\n";
+    const std::string name = "ORNCST_1*name=";
+    design += name + std::string(65536 - 2 - name.size() - design.size(), 'n') + "\r\n" + "x";
+    ASSERT_EQ(design.size(), 65537u);
+    const std::string path = testing::TempDir() + "designreport_edge.ds";
+    {
+        std::ofstream file(path, std::ios::binary);
+        file << design;
+    }
+    DESIGNMODEL model;
+    ASSERT_TRUE(ReadDesignFile(path.c_str(), "d.ds", &model));
+    remove(path.c_str());
+    EXPECT_EQ(model.lines, ReadDesignText(design, "d.ds").lines);
+    ASSERT_EQ(model.lineProblems.items.size(), 1u);
+    EXPECT_EQ(model.lineProblems.items[0].text, "Malformed line: x");
+}

@@ -289,3 +289,101 @@ TEST(ReportOutputs, ChromiumShowsThePageAndItsLabelsAsText)
     png.read(magic, sizeof magic);
     EXPECT_EQ(std::string(magic + 1, 3), "PNG");
 }
+
+TEST(ReportOutputs, TheCheckListOfTheDesignWithOneProblemOfEachKind)
+{
+    const DESIGNMODEL model = Problems();
+    std::string listing;
+    for (const PROBLEM& problem : CheckDesign(model).items)
+        listing += FormatProblem(model.fileName, problem) + "\n";
+    EXPECT_EQ(listing,
+              "problems.ds(13): unknown destination: ORNCST_1: key000 (\"1\"): zone \"Roof\" is not offered by ORNCON_1\n"
+              "problems.ds(14): unknown message: ORNCST_1: key001 (\"2\"): message \"Fire drill|9\" is not offered by "
+              "ORNCON_1\n"
+              "problems.ds(15): unknown input: ORNCST_1: key002 (\"3\"): input channel \"Mic 9\" is not offered by "
+              "ORNCON_1\n"
+              "problems.ds(17): second Protect key: ORNCST_1: key004 (\"5\"): a second \"Protect\" key\n"
+              "problems.ds(19): second Indicator Test key: ORNCST_1: key006 (\"7\"): a second \"Indicator Test\" key\n"
+              "problems.ds(20): no destination: ORNCST_1: key007 (\"8\"): Talk to Zone without a zone\n"
+              "problems.ds(21): unknown logic variable: ORNCST_1: key008 (\"9\"): logic variable \"Lamps\" is not "
+              "offered by ORNCON_1\n"
+              "problems.ds(22): unknown function: ORNCST_1: key009 (\"*\"): function \"Selekt Zone\" is unknown, the "
+              "key reads as \"Empty\"\n"
+              "problems.ds(24): hidden key: ORNCST_1: key020 (\"Ext 1 / key 6\"): on extension 1, the console has 0; "
+              "hidden but still sent\n"
+              "problems.ds(26): label too long: ORNCST_1: keylabel000 (\"1\"): the label has 34 characters, the "
+              "device shows 31\n"
+              "problems.ds(30): address taken: ORNCST_2: address 1 of ORNCON_1 is taken by ORNCST_1\n"
+              "problems.ds(32): no connection: ORNCST_3: the console is not connected to a controller\n"
+              "problems.ds(34): line: Malformed line: this line has no equals sign\n");
+}
+
+TEST(ReportRows, FamiliesWithoutNumbersShowNone)
+{
+    for (const char* record : {"Menu,7", "Toggle All,0", "Protect", "System Faults", "Select Zone,0,ORNCON_1.Hall"}) {
+        const KEYROW row = RowOf(record);
+        EXPECT_EQ(row.priority, "") << record;
+        EXPECT_EQ(row.trigger, "") << record;
+        EXPECT_EQ(row.locked, "") << record;
+    }
+    const KEYROW chime = RowOf("Chime to Zone,1,1,2,80,3,4,5,ORNCON_1.Hall,Chime 2");
+    EXPECT_EQ(chime.priority, "80");
+    EXPECT_EQ(chime.trigger, "Trigger");
+    EXPECT_EQ(chime.locked, "yes");
+    EXPECT_EQ(chime.destination, "ORNCON_1.Hall");
+    EXPECT_EQ(KeyKeyword(RowOf("Protect", 119)), "key119");
+    EXPECT_EQ(KeyKeyword(RowOf("Protect", 7)), "key007");
+}
+
+TEST(ReportOutputs, NumbersAndMarkup)
+{
+    EXPECT_EQ(Number(12), "12");
+    EXPECT_EQ(Number(1.09), "1.09");
+    EXPECT_EQ(Number(2.5), "2.5");
+    EXPECT_EQ(Number(-3.25), "-3.25");
+    EXPECT_EQ(Number(-0.001), "0");
+    // Windows-1252 has no character at 0x81, 0x8D, 0x8F, 0x90 and 0x9D.
+    EXPECT_EQ(EscapeMarkup("\x81\x8D\x8F\x90\x9D"), "");
+    EXPECT_EQ(EscapeMarkup("\x80\x9F\xA0"), "\xE2\x82\xAC\xC5\xB8\xC2\xA0");
+    EXPECT_EQ(EscapeMarkup("a\tb"), "a b");
+}
+
+TEST(ReportOutputs, ThePageHasEveryColumnAndThePicturesTheirMarks)
+{
+    const DESIGNMODEL model = Problems();
+    TEXTSINK out;
+    WriteHtml(model, CheckDesign(model), &out);
+    const std::string& html = out.Text();
+    for (const char* column : {"<th>Name</th>", "<th>Key</th>", "<th>Online at save</th>", "<th>Label</th>"})
+        EXPECT_NE(html.find(column), std::string::npos) << column;
+    EXPECT_EQ(Occurrences(html, "fill=\"#e06666\""), 1u);  // the alarm key
+    EXPECT_EQ(Occurrences(html, "fill=\"#f0a040\""), 1u);  // the EVAC key
+    EXPECT_NE(html.find(">Up</text>"), std::string::npos);
+    EXPECT_NE(html.find("extensions: 0, online at save: yes"), std::string::npos);
+}
+
+TEST(ReportOutputs, CutMarksStandOutsideTheWindowsCorners)
+{
+    TEXTSINK out;
+    WriteLabelStrips(Problems(), LABELSIZE(), &out);
+    EXPECT_NE(out.Text().find("<rect class=\"window\" width=\"15\" height=\"4\"/><g class=\"cut\"><line x1=\"-2\" "
+                              "y1=\"0\" x2=\"-0.5\" y2=\"0\"/><line x1=\"0\" y1=\"-2\" x2=\"0\" y2=\"-0.5\"/>"),
+              std::string::npos);
+}
+
+TEST(ReportOutputs, MoreOptions)
+{
+    LABELSIZE size;
+    EXPECT_TRUE(ParseLabelSize("20X5", &size));
+    REPORTOPTIONS options;
+    std::string error;
+    const char* const html[] = {"designreport", "d.ds", "--html", "r.html"};
+    ASSERT_TRUE(ParseReportOptions(4, html, &options, &error));
+    EXPECT_FALSE(options.where);
+    EXPECT_FALSE(options.check);
+    EXPECT_EQ(std::string(kReportUsage).compare(0, 57, "usage: designreport DESIGN.ds [--html FILE] [--csv FILE] "), 0);
+    const FITTEDTEXT nothing = FitText("abc", 0.1, 2.8, 1.2);
+    EXPECT_TRUE(nothing.cut);
+    EXPECT_EQ(nothing.text, kCutMark);
+    EXPECT_NEAR(TextWidth("Hall", 1), 1.722, 1e-9);
+}

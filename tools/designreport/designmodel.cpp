@@ -176,6 +176,8 @@ void DESIGNREADER::Line(const char* text, size_t length)
     case DESIGNLINE_MALFORMED:
         break;
     }
+    if (length > 0 && text[length - 1] == '\r')
+        length--;
     const size_t shown = length > 80 ? 80 : length;
     m_model->lineProblems.Add(number, PROBLEM_LINE, std::string(),
                               "Malformed line: " + std::string(text, shown) + (shown < length ? "..." : ""));
