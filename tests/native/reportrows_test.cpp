@@ -10,6 +10,7 @@
 #include <sstream>
 #include <string>
 
+#include "../../tools/designreport/consolefacts.h"
 #include "../../tools/designreport/designcheck.h"
 #include "../../tools/designreport/keyrows.h"
 #include "../../tools/designreport/labelfit.h"
@@ -318,6 +319,24 @@ TEST(ReportOutputs, TheCheckListOfTheDesignWithOneProblemOfEachKind)
               "problems.ds(34): line: Malformed line: this line has no equals sign\n");
 }
 
+TEST(ReportRows, TheSpecialKeysSayTheirRole)
+{
+    const std::string design = "control=0x00000000 DOVRIXC \"ORNCST_1\" 0x56000000 40,40,74x57\r\n"
+                               "ORNCST_1*key0120OptionState=1\r\nORNCST_1*key0121OptionState=2\r\n"
+                               "ORNCST_1*key0122OptionState=3\r\n"
+                               "ORNCST_1*key120=Alarm to Selection,0,0,2,90,1,,\r\nORNCST_1*key121=Protect\r\n"
+                               "ORNCST_1*key122=System Faults\r\n";
+    const DESIGNMODEL model = ReadDesignText(design, "d.ds");
+    const std::vector<KEYROW> rows = KeyRows(model.consoles[0]);
+    ASSERT_EQ(rows.size(), 3u);
+    EXPECT_EQ(rows[0].caption, "Special 1 (alarm button)");
+    EXPECT_EQ(rows[1].caption, "Special 2 (key switch)");
+    EXPECT_EQ(rows[2].caption, "Special 3 (not used)");  // 3 is no role: the key keeps "not used"
+    EXPECT_EQ(FactsOf(model, model.consoles[0]).connection, "No Connection");
+    EXPECT_EQ(FactsOf(model, model.consoles[0]).online, "unknown");
+    EXPECT_EQ(FactsOf(model, model.consoles[0]).address, "none");
+}
+
 TEST(ReportRows, FamiliesWithoutNumbersShowNone)
 {
     for (const char* record : {"Menu,7", "Toggle All,0", "Protect", "System Faults", "Select Zone,0,ORNCON_1.Hall"}) {
@@ -331,6 +350,8 @@ TEST(ReportRows, FamiliesWithoutNumbersShowNone)
     EXPECT_EQ(chime.trigger, "Trigger");
     EXPECT_EQ(chime.locked, "yes");
     EXPECT_EQ(chime.destination, "ORNCON_1.Hall");
+    EXPECT_EQ(chime.message, "");
+    EXPECT_EQ(RowOf("Indicator Test,5,0").trigger, "5");
     EXPECT_EQ(KeyKeyword(RowOf("Protect", 119)), "key119");
     EXPECT_EQ(KeyKeyword(RowOf("Protect", 7)), "key007");
 }
@@ -375,6 +396,15 @@ TEST(ReportOutputs, MoreOptions)
 {
     LABELSIZE size;
     EXPECT_TRUE(ParseLabelSize("20X5", &size));
+    EXPECT_TRUE(ParseLabelSize("1x1", &size));
+    EXPECT_FALSE(ParseLabelSize("0.9x5", &size));
+    EXPECT_FALSE(ParseLabelSize("5x0.9", &size));
+    EXPECT_EQ(Number(1e300), "0");
+    const char* const shortWhere[] = {"designreport", "d.ds", "--where", "X"};
+    REPORTOPTIONS where;
+    std::string whereError;
+    ASSERT_TRUE(ParseReportOptions(4, shortWhere, &where, &whereError)) << whereError;
+    EXPECT_EQ(where.whereName, "X");
     REPORTOPTIONS options;
     std::string error;
     const char* const html[] = {"designreport", "d.ds", "--html", "r.html"};

@@ -193,6 +193,11 @@ KEYROW MakeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, bool numeri
     row.slot = line.slot;
     row.line = line.record.line;
     row.caption = numeric ? NumericKeyCaption(line.slot) : KeyCaption(line.slot);
+    // A special key's role decides what the device has there.
+    if (!numeric && line.slot >= KEY_SPECIAL_FIRST && line.slot <= KEY_SPECIAL_LAST) {
+        const int mode = console.specialModes[line.slot - KEY_SPECIAL_FIRST];
+        row.caption += mode == 1 ? " (alarm button)" : mode == 2 ? " (key switch)" : " (not used)";
+    }
     ParseKeyRecord(line.record.text.c_str(), &row.key);
     const KEYSLOT& key = row.key;
     row.recordName = RecordName(line.record.text);
