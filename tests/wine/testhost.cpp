@@ -242,6 +242,11 @@ static HANDLE InheritableFile(const std::string& path)
 
 RUN Workbench(const std::string& arguments)
 {
+    return Program("workbench.exe --headless " + arguments);
+}
+
+RUN Program(const std::string& commandLine)
+{
     const std::string folder = TempFolder();
     HANDLE out = InheritableFile(folder + "\\out.txt");
     HANDLE err = InheritableFile(folder + "\\err.txt");
@@ -251,7 +256,7 @@ RUN Workbench(const std::string& arguments)
     startup.hStdOutput = out;
     startup.hStdError = err;
     startup.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
-    std::string command = "workbench.exe --headless " + arguments;
+    std::string command = commandLine;
     PROCESS_INFORMATION process = {};
     RUN run;
     if (CreateProcessA(NULL, &command[0], NULL, NULL, TRUE, 0, NULL, NULL, &startup, &process)) {
