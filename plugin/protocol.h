@@ -58,6 +58,11 @@ enum KEYPAGEMESSAGE : UINT {
     KPM_BINDKEY = WM_USER + 17,        // wParam: the key number to load (1041)
 };
 
+// The key-function tree "DOVRIXKEYFUNCTIONVIEW".
+enum KEYFUNCTIONVIEWMESSAGE : UINT {
+    KFM_SETCONSOLE = WM_USER + 12,     // lParam: the properties object; null keeps the one it has (1036)
+};
+
 // The flat radio button "CSAUTORADIOBUTTON".
 enum RADIOBUTTONMESSAGE : UINT {
     RBM_SETSTATE = 0x8B0,              // wParam: the state word
@@ -88,6 +93,8 @@ enum CHILDID : int {
     IDC_PAGEBUTTON_CONSOLE = 2000,      // page buttons: 2000 + page, 2001 + slot for the extensions
     IDC_PAGEBUTTON_LAST = 2005,
     IDC_CONFIGURATION_UPDATE = 6063,    // "UPDATE"
+    IDC_KEYFUNCTIONTREE = 1004,         // the key-function view's tree control
+    IDC_KEYPAGE = 1005,                 // the configuration window's key-function editor panel
 };
 
 // The console view's toolbar commands.

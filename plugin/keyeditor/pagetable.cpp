@@ -4,6 +4,7 @@
 #include <string.h>
 
 #include "../keys/keycatalogue.h"
+#include "../resources/resource.h"
 
 #include "../../base/text.h"
 #include "../../base/banned.h"
@@ -15,163 +16,163 @@ namespace {
 // "The editor pages" writes the mapping down).
 
 const PAGECONTROL kSelect[] = {  // "Select Zone,%d,%s"
-    {1008, PC_TEXT, 2, nullptr, HOOK_NONE, 0, 0},
-    {1014, PC_PICKER, 2, nullptr, HOOK_NONE, 121, 0},
+    {IDC_KEY_DESTINATION, PC_TEXT, 2, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_BROWSE, PC_PICKER, 2, nullptr, HOOK_NONE, IDD_DESTINATIONPICKER, 0},
 };
 
 // PTT: 1 kept, 2 prechime set, 3 active when protected, 4 priority, 5 trigger,
 // 6 line input as PTT input, 7 audio input + 1, 8 and 9 kept, 10 destination, 11 prechime message.
 const PAGECONTROL kPtt[] = {
-    {1068, PC_CHECK, 6, nullptr, HOOK_PTTLINEIN, 0, 0},
-    {1008, PC_TEXT, 10, nullptr, HOOK_NONE, 0, 0},
-    {1014, PC_PICKER, 10, nullptr, HOOK_NONE, 121, 0},
-    {1015, PC_COMBO, 5, nullptr, HOOK_NONE, 0, 0},
-    {1016, PC_CHECK, 3, nullptr, HOOK_NONE, 0, 0},
-    {1065, PC_NUMBER, 4, nullptr, HOOK_NONE, 0, 0},
-    {1066, PC_SPIN, 0, nullptr, HOOK_NONE, 1065, 0},
-    {1017, PC_MESSAGE, 11, nullptr, HOOK_PRECHIMEFLAG, 0, 2},
+    {IDC_KEY_SWITCHSPIN, PC_CHECK, 6, nullptr, HOOK_PTTLINEIN, 0, 0},
+    {IDC_KEY_DESTINATION, PC_TEXT, 10, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_BROWSE, PC_PICKER, 10, nullptr, HOOK_NONE, IDD_DESTINATIONPICKER, 0},
+    {IDC_KEY_TRIGGER, PC_COMBO, 5, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_LOCKED, PC_CHECK, 3, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_PRIORITY, PC_NUMBER, 4, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_PRIORITYSPIN, PC_SPIN, 0, nullptr, HOOK_NONE, IDC_KEY_PRIORITY, 0},
+    {IDC_KEY_PRECHIME, PC_MESSAGE, 11, nullptr, HOOK_PRECHIMEFLAG, 0, 2},
 };
 
 const PAGECONTROL kOn[] = {  // "On,%d,%d": priority, active when locked
-    {1067, PC_NUMBER, 1, nullptr, HOOK_NONE, 0, 0},
-    {1068, PC_SPIN, 0, nullptr, HOOK_NONE, 1067, 0},
-    {2014, PC_CHECK, 2, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_SWITCHPRIORITY, PC_NUMBER, 1, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_SWITCHSPIN, PC_SPIN, 0, nullptr, HOOK_NONE, IDC_KEY_SWITCHPRIORITY, 0},
+    {IDC_KEY_LOCKEDFLAG, PC_CHECK, 2, nullptr, HOOK_NONE, 0, 0},
 };
 
 // EVAC: 1 kept, 2 priority, 3 trigger, 4 and 5 kept, 6 active when locked, 7 kept,
 // 8 destination, 9 message.
 const PAGECONTROL kEvac[] = {
-    {1008, PC_TEXT, 8, nullptr, HOOK_NONE, 0, 0},
-    {1096, PC_PICKER, 8, nullptr, HOOK_NONE, 121, 0},
-    {1097, PC_NUMBER, 2, nullptr, HOOK_NONE, 0, 0},
-    {1098, PC_SPIN, 0, nullptr, HOOK_NONE, 1097, 0},
-    {1999, PC_COMBO, 3, "Push,Toggle,Trigger", HOOK_NONE, 0, 0},
-    {2000, PC_MESSAGE, 9, nullptr, HOOK_NONE, 0, 0},
-    {2003, PC_CHECK, 6, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_DESTINATION, PC_TEXT, 8, nullptr, HOOK_NONE, 0, 0},
+    {IDC_EVAC_BROWSE, PC_PICKER, 8, nullptr, HOOK_NONE, IDD_DESTINATIONPICKER, 0},
+    {IDC_EVAC_PRIORITY, PC_NUMBER, 2, nullptr, HOOK_NONE, 0, 0},
+    {IDC_EVAC_PRIORITYSPIN, PC_SPIN, 0, nullptr, HOOK_NONE, IDC_EVAC_PRIORITY, 0},
+    {IDC_EVAC_TRIGGER, PC_COMBO, 3, "Push,Toggle,Trigger", HOOK_NONE, 0, 0},
+    {IDC_EVAC_MESSAGE, PC_MESSAGE, 9, nullptr, HOOK_NONE, 0, 0},
+    {IDC_EVAC_LOCKED, PC_CHECK, 6, nullptr, HOOK_NONE, 0, 0},
 };
 
 // Talk: 2 unlocked prechime set, 3 locked behaviour on, 4 unlocked priority,
 // 5 unlocked trigger, 7 audio input + 1, 10 locked prechime set, 13 locked
 // priority, 14 locked trigger, 16 destination, 17 and 18 the prechime messages.
 const PAGECONTROL kTalk[] = {
-    {1008, PC_TEXT, 16, nullptr, HOOK_NONE, 0, 0},
-    {1014, PC_PICKER, 16, nullptr, HOOK_NONE, 121, 0},
-    {1018, PC_COMBO, 7, "Internal Mic,External Mic,External Line", HOOK_AUDIOINPUT, 0, 0},
-    {1015, PC_COMBO, 5, nullptr, HOOK_NONE, 0, 0},
-    {1065, PC_NUMBER, 4, nullptr, HOOK_NONE, 0, 0},
-    {1066, PC_SPIN, 0, nullptr, HOOK_NONE, 1065, 0},
-    {1017, PC_MESSAGE, 17, nullptr, HOOK_PRECHIMEFLAG, 0, 2},
-    {1016, PC_CHECK, 3, nullptr, HOOK_NONE, 0, 0},
-    {2019, PC_COMBO, 14, nullptr, HOOK_NONE, 0, 0},
-    {2021, PC_NUMBER, 13, nullptr, HOOK_NONE, 0, 0},
-    {2022, PC_SPIN, 0, nullptr, HOOK_NONE, 2021, 0},
-    {2020, PC_MESSAGE, 18, nullptr, HOOK_PRECHIMEFLAG, 0, 10},
+    {IDC_KEY_DESTINATION, PC_TEXT, 16, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_BROWSE, PC_PICKER, 16, nullptr, HOOK_NONE, IDD_DESTINATIONPICKER, 0},
+    {IDC_KEY_AUDIOINPUT, PC_COMBO, 7, "Internal Mic,External Mic,External Line", HOOK_AUDIOINPUT, 0, 0},
+    {IDC_KEY_TRIGGER, PC_COMBO, 5, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_PRIORITY, PC_NUMBER, 4, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_PRIORITYSPIN, PC_SPIN, 0, nullptr, HOOK_NONE, IDC_KEY_PRIORITY, 0},
+    {IDC_KEY_PRECHIME, PC_MESSAGE, 17, nullptr, HOOK_PRECHIMEFLAG, 0, 2},
+    {IDC_KEY_LOCKED, PC_CHECK, 3, nullptr, HOOK_NONE, 0, 0},
+    {IDC_TALK_LOCKEDTRIGGER, PC_COMBO, 14, nullptr, HOOK_NONE, 0, 0},
+    {IDC_TALK_LOCKEDPRIORITY, PC_NUMBER, 13, nullptr, HOOK_NONE, 0, 0},
+    {IDC_TALK_LOCKEDSPIN, PC_SPIN, 0, nullptr, HOOK_NONE, IDC_TALK_LOCKEDPRIORITY, 0},
+    {IDC_TALK_LOCKEDPRECHIME, PC_MESSAGE, 18, nullptr, HOOK_PRECHIMEFLAG, 0, 10},
 };
 
 // Logical: 1 the variable, 2 the mode, 3 the state it starts in (1 "On", 0 "Off"), 4 active when locked.
 const PAGECONTROL kLogical[] = {
-    {1008, PC_TEXT, 1, nullptr, HOOK_NONE, 0, 0},
-    {1014, PC_PICKER, 1, nullptr, HOOK_NONE, 143, 0},
-    {1025, PC_COMBO, 2, nullptr, HOOK_NONE, 0, 0},
-    {1026, PC_RADIO, 3, nullptr, HOOK_NONE, 1, 0},
-    {1027, PC_RADIO, 3, nullptr, HOOK_NONE, 0, 0},
-    {2012, PC_CHECK, 4, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_DESTINATION, PC_TEXT, 1, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_BROWSE, PC_PICKER, 1, nullptr, HOOK_NONE, IDD_LOGICPICKER, 0},
+    {IDC_KEY_MODE, PC_COMBO, 2, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_ON, PC_RADIO, 3, nullptr, HOOK_NONE, 1, 0},
+    {IDC_KEY_OFF, PC_RADIO, 3, nullptr, HOOK_NONE, 0, 0},
+    {IDC_LOGIC_LOCKED, PC_CHECK, 4, nullptr, HOOK_NONE, 0, 0},
 };
 
 const PAGECONTROL kMenu[] = {  // "Menu,%d": the item of "Jump to"
-    {1053, PC_COMBO, 1, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_JUMPTO, PC_COMBO, 1, nullptr, HOOK_NONE, 0, 0},
 };
 
 const PAGECONTROL kClear[] = {  // "Toggle All,%d": the clear mode
-    {1025, PC_COMBO, 1, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_MODE, PC_COMBO, 1, nullptr, HOOK_NONE, 0, 0},
 };
 
 // Arithmetical: 1 the variable, 2 min, 3 max, 4 step, 5 repeat time (ms), 6 active when locked.
 const PAGECONTROL kArithmetic[] = {
-    {1008, PC_TEXT, 1, nullptr, HOOK_NONE, 0, 0},
-    {1014, PC_PICKER, 1, nullptr, HOOK_NONE, 143, 0},
-    {1025, PC_COMBO, 0, nullptr, HOOK_ARITHMETICMODE, 0, 0},
-    {1019, PC_REAL, 2, nullptr, HOOK_NONE, 0, 0},
-    {1021, PC_REAL, 3, nullptr, HOOK_NONE, 0, 0},
-    {1023, PC_REAL, 4, nullptr, HOOK_NONE, 0, 0},
-    {1024, PC_NUMBER, 5, nullptr, HOOK_NONE, 0, 0},
-    {2013, PC_CHECK, 6, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_DESTINATION, PC_TEXT, 1, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_BROWSE, PC_PICKER, 1, nullptr, HOOK_NONE, IDD_LOGICPICKER, 0},
+    {IDC_KEY_MODE, PC_COMBO, 0, nullptr, HOOK_ARITHMETICMODE, 0, 0},
+    {IDC_KEY_MIN, PC_REAL, 2, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_MAX, PC_REAL, 3, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_STEP, PC_REAL, 4, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_REPEAT, PC_NUMBER, 5, nullptr, HOOK_NONE, 0, 0},
+    {IDC_ARITHMETIC_LOCKED, PC_CHECK, 6, nullptr, HOOK_NONE, 0, 0},
 };
 
 // Chime: 1 kept, 2 active when locked, 3 trigger (always 2), 4 priority, 5 to 7
 // kept, 8 destination, 9 the chime (a prechime text).
 const PAGECONTROL kChime[] = {
-    {1008, PC_TEXT, 8, nullptr, HOOK_NONE, 0, 0},
-    {1014, PC_PICKER, 8, nullptr, HOOK_NONE, 121, 0},
-    {1022, PC_PRECHIME, 9, nullptr, HOOK_NONE, 0, 0},
-    {1065, PC_NUMBER, 4, nullptr, HOOK_NONE, 0, 0},
-    {1066, PC_SPIN, 0, nullptr, HOOK_NONE, 1065, 0},
-    {1016, PC_CHECK, 2, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_DESTINATION, PC_TEXT, 8, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_BROWSE, PC_PICKER, 8, nullptr, HOOK_NONE, IDD_DESTINATIONPICKER, 0},
+    {IDC_KEY_TONE, PC_PRECHIME, 9, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_PRIORITY, PC_NUMBER, 4, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_PRIORITYSPIN, PC_SPIN, 0, nullptr, HOOK_NONE, IDC_KEY_PRIORITY, 0},
+    {IDC_KEY_LOCKED, PC_CHECK, 2, nullptr, HOOK_NONE, 0, 0},
 };
 
 // Alarm: 1 kept, 2 active when locked, 3 trigger, 4 priority, 5 tone, 6 destination, 7 input channel.
 const PAGECONTROL kAlarm[] = {
-    {1008, PC_TEXT, 6, nullptr, HOOK_NONE, 0, 0},
-    {1014, PC_PICKER, 6, nullptr, HOOK_NONE, 121, 0},
-    {1065, PC_NUMBER, 4, nullptr, HOOK_NONE, 0, 0},
-    {1066, PC_SPIN, 0, nullptr, HOOK_NONE, 1065, 0},
-    {1015, PC_COMBO, 3, nullptr, HOOK_NONE, 0, 0},
-    {1022, PC_TONE, 5, nullptr, HOOK_ALARMTONE, 7, 0},
-    {1023, PC_INPUT, 7, nullptr, HOOK_NONE, 0, 0},
-    {1016, PC_CHECK, 2, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_DESTINATION, PC_TEXT, 6, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_BROWSE, PC_PICKER, 6, nullptr, HOOK_NONE, IDD_DESTINATIONPICKER, 0},
+    {IDC_KEY_PRIORITY, PC_NUMBER, 4, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_PRIORITYSPIN, PC_SPIN, 0, nullptr, HOOK_NONE, IDC_KEY_PRIORITY, 0},
+    {IDC_KEY_TRIGGER, PC_COMBO, 3, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_TONE, PC_TONE, 5, nullptr, HOOK_ALARMTONE, 7, 0},
+    {IDC_KEY_STEP, PC_INPUT, 7, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_LOCKED, PC_CHECK, 2, nullptr, HOOK_NONE, 0, 0},
 };
 
 // Stop: 1 active when locked, 2 priority, 3 stop type, 4 the stop-signal mask, 5 and 6 kept.
 const PAGECONTROL kStop[] = {
-    {1027, PC_COMBO, 3, nullptr, HOOK_NONE, 0, 0},
-    {1067, PC_NUMBER, 2, nullptr, HOOK_NONE, 0, 0},
-    {1068, PC_SPIN, 0, nullptr, HOOK_NONE, 1067, 0},
-    {1016, PC_CHECK, 1, nullptr, HOOK_NONE, 0, 0},
-    {1028, PC_BIT, 4, nullptr, HOOK_NONE, 1, 0},
-    {1029, PC_BIT, 4, nullptr, HOOK_NONE, 2, 0},
-    {1030, PC_BIT, 4, nullptr, HOOK_NONE, 4, 0},
-    {1031, PC_BIT, 4, nullptr, HOOK_NONE, 8, 0},
+    {IDC_KEY_OFF, PC_COMBO, 3, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_SWITCHPRIORITY, PC_NUMBER, 2, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_SWITCHSPIN, PC_SPIN, 0, nullptr, HOOK_NONE, IDC_KEY_SWITCHPRIORITY, 0},
+    {IDC_KEY_LOCKED, PC_CHECK, 1, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_STOPPAGING, PC_BIT, 4, nullptr, HOOK_NONE, 1, 0},
+    {IDC_KEY_STOPCHIME, PC_BIT, 4, nullptr, HOOK_NONE, 2, 0},
+    {IDC_KEY_STOPALARM, PC_BIT, 4, nullptr, HOOK_NONE, 4, 0},
+    {IDC_KEY_STOPTEXT, PC_BIT, 4, nullptr, HOOK_NONE, 8, 0},
 };
 
 // Business: 1 kept, 2 priority, 3 trigger, 4 active when locked, 5 kept, 6 destination, 7 message.
 const PAGECONTROL kBusiness[] = {
-    {1008, PC_TEXT, 6, nullptr, HOOK_NONE, 0, 0},
-    {2004, PC_PICKER, 6, nullptr, HOOK_NONE, 121, 0},
-    {2005, PC_NUMBER, 2, nullptr, HOOK_NONE, 0, 0},
-    {2006, PC_SPIN, 0, nullptr, HOOK_NONE, 2005, 0},
-    {2007, PC_COMBO, 3, "Push,Switch", HOOK_NONE, 0, 0},
-    {2008, PC_MESSAGE, 7, nullptr, HOOK_NONE, 0, 0},
-    {2009, PC_CHECK, 4, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_DESTINATION, PC_TEXT, 6, nullptr, HOOK_NONE, 0, 0},
+    {IDC_BUSINESS_BROWSE, PC_PICKER, 6, nullptr, HOOK_NONE, IDD_DESTINATIONPICKER, 0},
+    {IDC_BUSINESS_PRIORITY, PC_NUMBER, 2, nullptr, HOOK_NONE, 0, 0},
+    {IDC_BUSINESS_PRIORITYSPIN, PC_SPIN, 0, nullptr, HOOK_NONE, IDC_BUSINESS_PRIORITY, 0},
+    {IDC_BUSINESS_TRIGGER, PC_COMBO, 3, "Push,Switch", HOOK_NONE, 0, 0},
+    {IDC_BUSINESS_MESSAGE, PC_MESSAGE, 7, nullptr, HOOK_NONE, 0, 0},
+    {IDC_BUSINESS_LOCKED, PC_CHECK, 4, nullptr, HOOK_NONE, 0, 0},
 };
 
 const PAGECONTROL kIndicator[] = {  // "Indicator Test,%d,%d": trigger, active when locked
-    {1015, PC_COMBO, 1, "Push,Toggle", HOOK_NONE, 0, 0},
-    {2014, PC_CHECK, 2, nullptr, HOOK_NONE, 0, 0},
+    {IDC_KEY_TRIGGER, PC_COMBO, 1, "Push,Toggle", HOOK_NONE, 0, 0},
+    {IDC_KEY_LOCKEDFLAG, PC_CHECK, 2, nullptr, HOOK_NONE, 0, 0},
 };
 
 #define CONTROLS(table) table, (int)(sizeof table / sizeof table[0])
 
 const KEYPAGE kPages[KEYPAGE_COUNT] = {
-    {120, CONTROLS(kSelect), 0, 0},
-    {152, CONTROLS(kPtt), 0, 0},
-    {158, CONTROLS(kOn), 0, 0},
-    {161, nullptr, 0, 0, 0},
-    {163, CONTROLS(kEvac), 0, 0},
-    {167, CONTROLS(kTalk), 0, 0},
-    {169, CONTROLS(kLogical), 0, 0},
-    {171, CONTROLS(kMenu), 0, 0},
-    {174, CONTROLS(kClear), 0, 0},
-    {176, nullptr, 0, 0, 0},
-    {182, nullptr, 0, 0, 0},
-    {183, CONTROLS(kArithmetic), 0, 0},
-    {184, CONTROLS(kChime), 3, 2},
-    {185, CONTROLS(kAlarm), 0, 0},
-    {186, CONTROLS(kStop), 0, 0},
-    {193, CONTROLS(kBusiness), 0, 0},
-    {205, nullptr, 0, 0, 0},
-    {208, CONTROLS(kIndicator), 0, 0},
-    {159, nullptr, 0, 0, 0},
-    {162, nullptr, 0, 0, 0},
+    {IDD_KEYPAGE_SELECT, CONTROLS(kSelect), 0, 0},
+    {IDD_KEYPAGE_PTT, CONTROLS(kPtt), 0, 0},
+    {IDD_KEYPAGE_ON, CONTROLS(kOn), 0, 0},
+    {IDD_KEYPAGE_PROTECT, nullptr, 0, 0, 0},
+    {IDD_KEYPAGE_EVAC, CONTROLS(kEvac), 0, 0},
+    {IDD_KEYPAGE_TALK, CONTROLS(kTalk), 0, 0},
+    {IDD_KEYPAGE_LOGICAL, CONTROLS(kLogical), 0, 0},
+    {IDD_KEYPAGE_MENU, CONTROLS(kMenu), 0, 0},
+    {IDD_KEYPAGE_CLEAR, CONTROLS(kClear), 0, 0},
+    {IDD_KEYPAGE_EMPTY, nullptr, 0, 0, 0},
+    {IDD_KEYPAGE_NONE, nullptr, 0, 0, 0},
+    {IDD_KEYPAGE_ARITHMETIC, CONTROLS(kArithmetic), 0, 0},
+    {IDD_KEYPAGE_CHIME, CONTROLS(kChime), 3, 2},
+    {IDD_KEYPAGE_ALARM, CONTROLS(kAlarm), 0, 0},
+    {IDD_KEYPAGE_STOP, CONTROLS(kStop), 0, 0},
+    {IDD_KEYPAGE_BUSINESS, CONTROLS(kBusiness), 0, 0},
+    {IDD_KEYPAGE_SYSTEMFAULTS, nullptr, 0, 0, 0},
+    {IDD_KEYPAGE_INDICATOR, CONTROLS(kIndicator), 0, 0},
+    {IDD_KEYPAGE_DECADIC, nullptr, 0, 0, 0},
+    {IDD_KEYPAGE_FAULTDISPLAY, nullptr, 0, 0, 0},
 };
 
 }  // namespace
@@ -187,6 +188,15 @@ const KEYPAGE* FindKeyPage(int page)
         if (entry.page == page)
             return &entry;
     return nullptr;
+}
+
+int EditorPageOf(int key, int32_t functionId, bool numericKeypad)
+{
+    if (key < 0)
+        return IDD_KEYPAGE_NONE;
+    if (numericKeypad && key <= 11)
+        return IDD_KEYPAGE_DECADIC;
+    return KeyFunctionPage(functionId);
 }
 
 const PAGECONTROL* FindPageControl(const KEYPAGE* page, int control)

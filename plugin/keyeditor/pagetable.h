@@ -60,6 +60,10 @@ enum { KEYPAGE_COUNT = 20 };
 const KEYPAGE* KeyPages();
 // The page of a resource id, or null.
 const KEYPAGE* FindKeyPage(int page);
+// The page a key shows: "No Key selected !" without a key (-1), the decadic
+// page for the numeric keys while the console uses them as its keypad, else
+// the page of the key's function.
+int EditorPageOf(int key, int32_t functionId, bool numericKeypad);
 const PAGECONTROL* FindPageControl(const KEYPAGE* page, int control);
 
 // What the control shows for the key (combo index, check state, number);
