@@ -56,6 +56,7 @@ enum CONFIGURATIONTAB : int {
 enum KEYPAGEMESSAGE : UINT {
     KPM_KEYEDITED = WM_USER + 13,      // to the console view: lParam the key number (1037)
     KPM_BINDKEY = WM_USER + 17,        // wParam: the key number to load (1041)
+    KPM_PAGEID = WM_USER + 19,         // answers the page's dialog id, for the hosts that look
 };
 
 // The key-function tree "DOVRIXKEYFUNCTIONVIEW".

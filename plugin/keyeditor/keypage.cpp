@@ -280,6 +280,10 @@ bool StoreSelection(HWND dialog, KEYPAGESTATE* state, const PAGECONTROL& control
     switch (control.kind) {
     case PC_COMBO:
         if (control.hook == HOOK_AUDIOINPUT) {
+            if (!ConsoleOffersAudioInput(state->console->m_model, at + 1)) {
+                Refuse(dialog, state, control, nullptr);  // the console has no such input
+                return false;
+            }
             if (const char* clash = TalkInputClash(state->console->m_keys, CONSOLE_KEY_COUNT, state->key, at + 1)) {
                 Refuse(dialog, state, control, clash);
                 return false;
@@ -402,6 +406,9 @@ INT_PTR Page_Dispatch(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
     switch (message) {
     case KPM_BINDKEY:
         BindKey(dialog, state, (int)wParam);
+        return TRUE;
+    case KPM_PAGEID:
+        SetWindowLongPtrA(dialog, DWLP_MSGRESULT, state->pageId);
         return TRUE;
     case WM_COMMAND:
         Page_Command(dialog, state, wParam);

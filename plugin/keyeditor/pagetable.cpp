@@ -332,6 +332,13 @@ int MatchMessage(const std::vector<MESSAGEENTRY>& entries, const char* stored)
     return -1;
 }
 
+bool ConsoleOffersAudioInput(int consoleType, int storedInput)
+{
+    if (consoleType == 3 || consoleType == 6)
+        return storedInput >= 1 && storedInput <= AUDIOINPUT_EXTERNAL_LINE;
+    return storedInput == 1;
+}
+
 const char* TalkInputClash(const KEYSLOT* keys, int count, int key, int storedInput)
 {
     if (storedInput != AUDIOINPUT_EXTERNAL_LINE || key == PTT_KEY || count <= PTT_KEY)

@@ -91,6 +91,11 @@ std::vector<MESSAGEENTRY> ParseMessageList(const char* list);
 // The index of the entry whose number the stored text names, or -1.
 int MatchMessage(const std::vector<MESSAGEENTRY>& entries, const char* stored);
 
+// Whether the console model offers a talk key's audio input (stored plus
+// one): the keypad boards (3 and 6) have the microphone and line inputs, the
+// consoles their internal microphone alone.
+bool ConsoleOffersAudioInput(int consoleType, int storedInput);
+
 // The talk and PTT inputs clash: a talk key on the external line while the
 // PTT key (key 123) takes the line input. The messages, null when it is fine.
 enum { PTT_KEY = 123, AUDIOINPUT_EXTERNAL_LINE = 3 };

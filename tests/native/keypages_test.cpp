@@ -195,3 +195,30 @@ TEST(KeyPages, ItemLists)
     EXPECT_EQ(SplitItems("Hall,,Car park"), (std::vector<std::string>{"Hall", "", "Car park"}));
     EXPECT_TRUE(SplitItems("").empty());
 }
+
+TEST(KeyPages, TheBoardsAloneHaveTheMicrophoneAndLineInputs)
+{
+    for (int type : {0, 1, 4, 5}) {
+        EXPECT_TRUE(ConsoleOffersAudioInput(type, 1)) << type;
+        EXPECT_FALSE(ConsoleOffersAudioInput(type, 2)) << type;
+        EXPECT_FALSE(ConsoleOffersAudioInput(type, 3)) << type;
+    }
+    for (int type : {3, 6}) {
+        EXPECT_TRUE(ConsoleOffersAudioInput(type, 1)) << type;
+        EXPECT_TRUE(ConsoleOffersAudioInput(type, 2)) << type;
+        EXPECT_TRUE(ConsoleOffersAudioInput(type, 3)) << type;
+        EXPECT_FALSE(ConsoleOffersAudioInput(type, 0)) << type;
+        EXPECT_FALSE(ConsoleOffersAudioInput(type, 4)) << type;
+    }
+}
+
+TEST(KeyPages, TheEditorPageOfAKey)
+{
+    EXPECT_EQ(EditorPageOf(-1, 20, false), 182);
+    EXPECT_EQ(EditorPageOf(5, 20, false), 167);
+    EXPECT_EQ(EditorPageOf(5, 20, true), 159);   // the numeric keys while they are the keypad
+    EXPECT_EQ(EditorPageOf(11, 80, true), 159);
+    EXPECT_EQ(EditorPageOf(12, 80, true), 185);
+    EXPECT_EQ(EditorPageOf(3, 0, false), 176);
+    EXPECT_EQ(EditorPageOf(3, 100, false), 182);
+}
