@@ -321,6 +321,8 @@ bool Extension(WORKBENCH* bench, const SCRIPTCOMMAND& command)
 
 bool Page(WORKBENCH* bench, const SCRIPTCOMMAND& command)
 {
+    if (command.text.empty())
+        return PrintEditorPage(command.object);
     HWND view = FindView(bench, command.object);
     return view && ChoosePage(view, command);
 }

@@ -50,6 +50,7 @@ void BuildTree(KEYFUNCTIONVIEW* view)
     for (int i = 0; i < KEYFUNCTIONNODE_COUNT; i++)
         if (nodes[i].id < 0)  // "Button Functions" and "Types"
             SendMessageA(view->tree, TVM_EXPAND, TVE_EXPAND, (LPARAM)items[i]);
+    SendMessageA(view->tree, TVM_ENSUREVISIBLE, 0, (LPARAM)items[0]);
 }
 
 LRESULT View_Create(HWND hwnd, const CREATESTRUCTA* create)
@@ -102,9 +103,12 @@ DROPCONSOLE DropConsoleOf(const CONSOLEPROPERTIES* c)
 // The key of this console's view under a point of the tree pane; -1 elsewhere.
 // The point is placed by the view's rectangle, so the hit test works in a
 // window the screen does not show as well.
-int KeyUnder(HWND hwnd, KEYFUNCTIONVIEW* view, LPARAM lParam, POINT* inView)
+int KeyUnder(HWND hwnd, KEYFUNCTIONVIEW* view, LPARAM lParam, POINT* inView, HWND* target = nullptr)
 {
-    HWND consoleView = view->console ? view->console->m_hConsoleView : NULL;
+    // The console view beside the tree, else the one the console names.
+    HWND consoleView = GetDlgItem(GetParent(hwnd), IDC_CONSOLEVIEW);
+    if (!consoleView && view->console)
+        consoleView = view->console->m_hConsoleView;
     if (!consoleView || !IsWindow(consoleView))
         return -1;
     POINT at = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
@@ -115,6 +119,8 @@ int KeyUnder(HWND hwnd, KEYFUNCTIONVIEW* view, LPARAM lParam, POINT* inView)
         return -1;
     ScreenToClient(consoleView, &at);
     *inView = at;
+    if (target)
+        *target = consoleView;
     int key = -1;
     if (!SendMessageA(consoleView, CVM_HITTEST, (WPARAM)&key, MAKELPARAM(at.x, at.y)))
         return -1;
@@ -151,7 +157,8 @@ LRESULT View_Drop(HWND hwnd, KEYFUNCTIONVIEW* view, LPARAM lParam)
     if (GetCapture() == hwnd)
         ReleaseCapture();
     POINT inView;
-    const int key = KeyUnder(hwnd, view, lParam, &inView);
+    HWND consoleView = NULL;
+    const int key = KeyUnder(hwnd, view, lParam, &inView, &consoleView);
     if (key < 0)
         return 0;
     const DROPVERDICT verdict = JudgeDrop(DropConsoleOf(view->console), key, view->dragged);
@@ -168,7 +175,7 @@ LRESULT View_Drop(HWND hwnd, KEYFUNCTIONVIEW* view, LPARAM lParam)
     if (view->console->IsOnline())
         view->console->SelectKeyForEditor(key);
     else
-        view->console->NotifyConsoleView(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(inView.x, inView.y));
+        SendMessageA(consoleView, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(inView.x, inView.y));
     return 1;
 }
 
