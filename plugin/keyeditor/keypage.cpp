@@ -1,6 +1,7 @@
 #include "keypage.h"
 
 #include <stdlib.h>
+#include <string.h>
 
 #include <string>
 #include <vector>
@@ -177,6 +178,16 @@ void ShowInputChannel(HWND dialog, const KEYPAGE* page, const KEYSLOT& slot)
     }
 }
 
+// A text whose picker is the destination picker holds the key's destination.
+bool IsDestination(const KEYPAGE* page, const PAGECONTROL& text)
+{
+    for (int i = 0; i < page->count; i++)
+        if (page->controls[i].kind == PC_PICKER && page->controls[i].extra == IDD_DESTINATIONPICKER &&
+            page->controls[i].field == text.field)
+            return true;
+    return false;
+}
+
 void LoadControl(HWND dialog, KEYPAGESTATE* state, const PAGECONTROL& control, const KEYSLOT& slot)
 {
     HWND window = GetDlgItem(dialog, control.control);
@@ -199,7 +210,14 @@ void LoadControl(HWND dialog, KEYPAGESTATE* state, const PAGECONTROL& control, c
         SetDlgItemTextA(dialog, control.control, text);
         break;
     case PC_TEXT:
-        SetDlgItemTextA(dialog, control.control, KeyFieldText(slot, control.field));
+        if (IsDestination(state->page, control)) {
+            SetDlgItemTextA(dialog, control.control, DestinationShown(slot, control.field).c_str());
+            // The current selection is no text to edit: the picker changes it.
+            const bool selection = HasDestinationVariants(slot.functionId) && slot.variant == DESTINATION_SELECTION;
+            SendMessageA(window, EM_SETREADONLY, selection ? TRUE : FALSE, 0);
+        } else {
+            SetDlgItemTextA(dialog, control.control, KeyFieldText(slot, control.field));
+        }
         break;
     case PC_MESSAGE:
         FillSystemList(window, control, state->console);
@@ -315,6 +333,8 @@ bool StoreEdit(HWND dialog, const PAGECONTROL& control, KEYSLOT* slot)
 {
     char text[KEYTEXT_SIZE] = "";
     GetDlgItemTextA(dialog, control.control, text, sizeof text);
+    if (control.kind == PC_TEXT && (strcmp(text, kNoCaption) == 0 || strcmp(text, kCurrentSelection) == 0))
+        return false;  // what the field shows for no destination is none
     if (control.kind == PC_TEXT)
         return StorePageControlText(control, slot, text);
     if (control.kind == PC_NUMBER) {
@@ -330,11 +350,19 @@ bool StoreClick(HWND dialog, KEYPAGESTATE* state, const PAGECONTROL& control, KE
 {
     if (control.kind == PC_PICKER) {
         std::string chosen;
-        if (!RunPicker(dialog, control.extra, state->console, &chosen))
+        int kind = 0;
+        const bool destination = control.extra == IDD_DESTINATIONPICKER;
+        if (!RunPicker(dialog, control.extra, state->console, destination && HasDestinationVariants(slot->functionId),
+                       &chosen, &kind))
             return false;  // "Cancel" changes nothing
-        StorePageControlText(control, slot, chosen.c_str());
+        if (destination)
+            StoreDestination(slot, control.field, (DESTINATIONKIND)kind, chosen.c_str());
+        else
+            StorePageControlText(control, slot, chosen.c_str());
         state->loading = true;
-        SetDlgItemTextA(dialog, IDC_KEY_DESTINATION, KeyFieldText(*slot, control.field));
+        for (int i = 0; i < state->page->count; i++)
+            if (state->page->controls[i].kind == PC_TEXT && state->page->controls[i].field == control.field)
+                LoadControl(dialog, state, state->page->controls[i], *slot);
         state->loading = false;
         return true;
     }

@@ -332,6 +332,47 @@ int MatchMessage(const std::vector<MESSAGEENTRY>& entries, const char* stored)
     return -1;
 }
 
+const char kCurrentSelection[] = "Current Slection";
+const char kNoCaption[] = "(no caption)";
+
+bool HasDestinationVariants(int32_t functionId)
+{
+    switch (KeyFamily(functionId)) {
+    case FAMILY_TALK:
+    case FAMILY_CHIME:
+    case FAMILY_ALARM:
+    case FAMILY_EVAC:
+    case FAMILY_BUSINESS:
+    case FAMILY_PTT:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool StoreDestination(KEYSLOT* slot, int position, DESTINATIONKIND kind, const char* destination)
+{
+    const int family = KeyFamily(slot->functionId);
+    int32_t function = slot->functionId;
+    if (HasDestinationVariants(function))
+        function = (function / 10) * 10 + kind;
+    else if (family == FAMILY_SELECT && kind != DESTINATION_SELECTION)
+        function = KF_SELECT_ZONE + (kind - DESTINATION_ZONE);  // "Select Zone", "Select Group"
+    else if (family == FAMILY_SELECT)
+        return false;
+    slot->functionId = function;
+    slot->variant = (uint8_t)(function % 10);
+    return SetKeyFieldText(slot, position, kind == DESTINATION_SELECTION ? "" : destination);
+}
+
+std::string DestinationShown(const KEYSLOT& slot, int position)
+{
+    if (HasDestinationVariants(slot.functionId) && slot.variant == DESTINATION_SELECTION)
+        return kCurrentSelection;
+    const char* text = KeyFieldText(slot, position);
+    return *text ? text : kNoCaption;
+}
+
 bool ConsoleOffersAudioInput(int consoleType, int storedInput)
 {
     if (consoleType == 3 || consoleType == 6)

@@ -91,6 +91,23 @@ std::vector<MESSAGEENTRY> ParseMessageList(const char* list);
 // The index of the entry whose number the stored text names, or -1.
 int MatchMessage(const std::vector<MESSAGEENTRY>& entries, const char* stored);
 
+// The destination a key's picker chose: the current selection, a zone or a
+// group. It chooses the function's variant: "Talk to Selection", "Talk to
+// Zone", "Talk to Group" (the tree carries the first of each family), and
+// "Select Zone" or "Select Group".
+enum DESTINATIONKIND { DESTINATION_SELECTION = 0, DESTINATION_ZONE = 1, DESTINATION_GROUP = 2 };
+// The text the destination field shows for a "to Selection" key, and for a
+// zone or group key that has no destination yet.
+extern const char kCurrentSelection[];  // "Current Slection", the system's own spelling
+extern const char kNoCaption[];         // "(no caption)"
+// Whether the key's function has the three destination variants.
+bool HasDestinationVariants(int32_t functionId);
+// Gives the key the variant of the destination (and the destination); false
+// when the function cannot take it (a selection key takes no selection).
+bool StoreDestination(KEYSLOT* slot, int position, DESTINATIONKIND kind, const char* destination);
+// What the destination field shows.
+std::string DestinationShown(const KEYSLOT& slot, int position);
+
 // Whether the console model offers a talk key's audio input (stored plus
 // one): the keypad boards (3 and 6) have the microphone and line inputs, the
 // consoles their internal microphone alone.

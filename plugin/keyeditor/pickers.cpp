@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "hostlists.h"
+#include "pagetable.h"
 #include "../entry/module.h"
 #include "../resources/resource.h"
 
@@ -15,13 +16,17 @@ namespace {
 struct PICKERSTATE {
     int list = 0;                       // the list view's id
     std::vector<std::string> entries;   // what a row stands for
+    std::vector<int> kinds;             // and its kind (DESTINATIONKIND; 0 for a logic parameter)
     std::string* chosen = nullptr;
+    int* kind = nullptr;
 };
 
 struct PICKEROPEN {
     int picker;
     CONSOLEPROPERTIES* console;
+    bool offerSelection;
     std::string* chosen;
+    int* kind;
 };
 
 // Zones and groups are named as the record keeps them: the controller, a
@@ -31,22 +36,31 @@ void CollectEntries(const PICKEROPEN* open, PICKERSTATE* state, std::vector<std:
 {
     const std::string controller = ConnectedControllerName(open->console);
     if (open->picker == IDD_DESTINATIONPICKER) {
+        if (open->offerSelection) {
+            state->entries.push_back(kCurrentSelection);
+            state->kinds.push_back(DESTINATION_SELECTION);
+            kinds->push_back("Selection");
+        }
         for (const std::string& zone : HostListItems(open->console, kZoneList)) {
             state->entries.push_back(controller + "." + zone);
+            state->kinds.push_back(DESTINATION_ZONE);
             kinds->push_back("Zone");
         }
         for (const std::string& group : HostListItems(open->console, kGroupList)) {
             state->entries.push_back(controller + "." + group);
+            state->kinds.push_back(DESTINATION_GROUP);
             kinds->push_back("Group");
         }
         return;
     }
     for (const std::string& value : HostListItems(open->console, kValueList)) {
         state->entries.push_back(value);
+        state->kinds.push_back(0);
         kinds->push_back("Value");
     }
     for (const std::string& condition : HostListItems(open->console, kConditionList)) {
         state->entries.push_back(condition);
+        state->kinds.push_back(0);
         kinds->push_back("Condition");
     }
 }
@@ -90,6 +104,7 @@ void Picker_Ok(HWND dialog, PICKERSTATE* state)
         return;
     }
     *state->chosen = state->entries[row];
+    *state->kind = state->kinds[row];
     EndDialog(dialog, IDOK);
 }
 
@@ -99,6 +114,7 @@ INT_PTR Picker_Dispatch(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
         const PICKEROPEN* open = reinterpret_cast<const PICKEROPEN*>(lParam);
         PICKERSTATE* state = AttachDialogState(dialog, new PICKERSTATE);
         state->chosen = open->chosen;
+        state->kind = open->kind;
         FillPicker(dialog, open, state);
         return TRUE;
     }
@@ -128,9 +144,10 @@ INT_PTR Picker_Dispatch(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
 
 }  // namespace
 
-bool RunPicker(HWND owner, int picker, CONSOLEPROPERTIES* console, std::string* chosen)
+bool RunPicker(HWND owner, int picker, CONSOLEPROPERTIES* console, bool offerSelection, std::string* chosen,
+               int* kind)
 {
-    PICKEROPEN open = {picker, console, chosen};
+    PICKEROPEN open = {picker, console, offerSelection, chosen, kind};
     return DialogBoxParamA(ModuleInstance(), MAKEINTRESOURCEA(picker), owner, GuardedDialogProc<Picker_Dispatch>,
                            (LPARAM)&open) == IDOK;
 }

@@ -222,3 +222,39 @@ TEST(KeyPages, TheEditorPageOfAKey)
     EXPECT_EQ(EditorPageOf(3, 0, false), 176);
     EXPECT_EQ(EditorPageOf(3, 100, false), 182);
 }
+
+TEST(KeyPages, TheDestinationChoosesTheVariant)
+{
+    KEYSLOT talk = Parsed("Talk to Selection,0,0,0,50,0,0,1,0,0,0,0,0,0,0,0,,,");
+    EXPECT_EQ(DestinationShown(talk, 16), "Current Slection");
+    EXPECT_TRUE(StoreDestination(&talk, 16, DESTINATION_ZONE, "ORNCON_1.Hall"));
+    EXPECT_EQ(FormatKeyRecord(talk), "Talk to Zone,0,0,0,50,0,0,1,0,0,0,0,0,0,0,0,ORNCON_1.Hall,,");
+    EXPECT_EQ(DestinationShown(talk, 16), "ORNCON_1.Hall");
+    EXPECT_TRUE(StoreDestination(&talk, 16, DESTINATION_GROUP, "ORNCON_1.All"));
+    EXPECT_EQ(FormatKeyRecord(talk), "Talk to Group,0,0,0,50,0,0,1,0,0,0,0,0,0,0,0,ORNCON_1.All,,");
+    EXPECT_TRUE(StoreDestination(&talk, 16, DESTINATION_SELECTION, "ORNCON_1.All"));
+    EXPECT_EQ(FormatKeyRecord(talk), "Talk to Selection,0,0,0,50,0,0,1,0,0,0,0,0,0,0,0,,,");
+    const struct {
+        const char* record;
+        int position;
+        const char* expected;
+    } families[] = {
+        {"Chime to Selection,0,0,2,50,0,0,0,,", 8, "Chime to Zone,0,0,2,50,0,0,0,ORNCON_1.Hall,"},
+        {"Alarm to Selection,0,0,0,50,0,,", 6, "Alarm to Zone,0,0,0,50,0,ORNCON_1.Hall,"},
+        {"EVAC Messages to Selection,0,0,0,0,0,0,0,,", 8, "EVAC Messages to Zone,0,0,0,0,0,0,0,ORNCON_1.Hall,"},
+        {"Business Messages to Selection,0,0,0,0,0,,", 6, "Business Messages to Zone,0,0,0,0,0,ORNCON_1.Hall,"},
+        {"PTT to Selection,0,0,0,50,0,0,1,0,0,,", 10, "PTT to Zone,0,0,0,50,0,0,1,0,0,ORNCON_1.Hall,"},
+        {"Select Group,0,", 2, "Select Zone,0,ORNCON_1.Hall"},
+    };
+    for (const auto& f : families) {
+        KEYSLOT slot = Parsed(f.record);
+        EXPECT_TRUE(StoreDestination(&slot, f.position, DESTINATION_ZONE, "ORNCON_1.Hall")) << f.record;
+        EXPECT_EQ(FormatKeyRecord(slot), f.expected);
+    }
+    KEYSLOT select = Parsed("Select Zone,0,ORNCON_1.Hall");
+    EXPECT_TRUE(StoreDestination(&select, 2, DESTINATION_GROUP, "ORNCON_1.All"));
+    EXPECT_EQ(FormatKeyRecord(select), "Select Group,0,ORNCON_1.All");
+    EXPECT_FALSE(StoreDestination(&select, 2, DESTINATION_SELECTION, ""));
+    EXPECT_EQ(DestinationShown(Parsed("Alarm to Zone,0,0,0,50,0,,"), 6), "(no caption)");
+    EXPECT_EQ(DestinationShown(Parsed("Select Zone,0,"), 2), "(no caption)");
+}

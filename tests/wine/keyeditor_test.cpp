@@ -404,7 +404,7 @@ TEST(KeyFunctionView, AControllerWithoutListsLeavesThemEmpty)
     ASSERT_EQ(KeyPageId(window), 193);
     EXPECT_TRUE(Items(KeyPage(window), 2008).empty());
     PICKERRUN run = RunPickerWith(KeyPage(window), 2004, "ORNCON_1.Hall");
-    EXPECT_TRUE(run.rows.empty());
+    EXPECT_EQ(run.rows, std::vector<std::string>{"Current Slection"});  // no zones, no groups
     EXPECT_EQ(design.Get("ORNCST_1", "key002"), "Business Messages to Zone,0,30,0,0,0,ORNCON_1.Hall,Closing|7");
     SelectKey(window, 3);
     ASSERT_EQ(KeyPageId(window), 185);
@@ -483,5 +483,62 @@ TEST(KeyFunctionView, ThePagesStoreWhatTypingTheRecordWould)
     Click(KeyPage(window), 1030);
     SetDlgItemTextA(KeyPage(window), 1067, "12");
     EXPECT_EQ(design.Get("ORNCST_1", "key006"), "Stop,0,12,0,95,91,");
+    DestroyWindow(window);
+}
+
+// Every function of the tree, dropped, reads as typing its name would.
+TEST(KeyFunctionView, EveryFamilyFromTheTreeSavesAsTypingWould)
+{
+    TESTDESIGN design;
+    design.Load(ListedDesign());
+    HWND window = OpenConfiguration(design);
+    ASSERT_NE(window, nullptr);
+    const struct {
+        LPARAM id;
+        const char* name;
+    } functions[] = {{20, "Talk to Selection"}, {10, "Select Zone"}, {30, "Toggle All"}, {40, "Switch On"},
+                     {50, "Increase"}, {60, "Menu"}, {90, "Stop"}, {80, "Alarm to Selection"},
+                     {70, "Chime to Selection"}, {110, "On"}, {120, "Protect"}, {130, "EVAC Messages to Selection"},
+                     {140, "Business Messages to Selection"}, {160, "System Faults"}, {170, "Indicator Test"}};
+    int key = 0;
+    for (const auto& f : functions) {
+        const int target = f.id == 160 ? 115 : key;  // the fault key's place on this model is DEL
+        EXPECT_EQ(Drop(window, f.id, target), 1) << f.name;
+        char typed[64];
+        snprintf(typed, sizeof typed, "ORNCST_1*key%03d=%s", 100 + key, f.name);
+        design.Edit(typed);
+        char dropped[16], reference[16];
+        snprintf(dropped, sizeof dropped, "key%03d", target);
+        snprintf(reference, sizeof reference, "key%03d", 100 + key);
+        EXPECT_EQ(design.Get("ORNCST_1", dropped), design.Get("ORNCST_1", reference)) << f.name;
+        key++;
+    }
+    DestroyWindow(window);
+}
+
+TEST(KeyFunctionView, ThePickedDestinationChoosesTheVariant)
+{
+    TESTDESIGN design;
+    design.Load(ListedDesign());
+    HWND window = OpenConfiguration(design);
+    ASSERT_NE(window, nullptr);
+    ASSERT_EQ(Drop(window, 80, 3), 1);
+    Tick(window);
+    Tick(window);
+    ASSERT_EQ(KeyPageId(window), 185);
+    char shown[128] = "";
+    GetDlgItemTextA(KeyPage(window), 1008, shown, sizeof shown);
+    EXPECT_STREQ(shown, "Current Slection");
+    PICKERRUN run = RunPickerWith(KeyPage(window), 1014, "ORNCON_1.Ground floor");
+    ASSERT_FALSE(run.rows.empty());
+    EXPECT_EQ(run.rows[0], "Current Slection");
+    EXPECT_EQ(design.Get("ORNCST_1", "key003"), "Alarm to Group,0,0,0,0,0,ORNCON_1.Ground floor,");
+    RunPickerWith(KeyPage(window), 1014, "Current Slection");
+    EXPECT_EQ(design.Get("ORNCST_1", "key003"), "Alarm to Selection,0,0,0,0,0,,");
+    // A destination typed longer than the record keeps is cut as the record cuts it.
+    RunPickerWith(KeyPage(window), 1014, "ORNCON_1.Hall");
+    const std::string longName(200, 'z');
+    SetDlgItemTextA(KeyPage(window), 1008, longName.c_str());
+    EXPECT_EQ(design.Get("ORNCST_1", "key003"), "Alarm to Zone,0,0,0,0,0," + std::string(127, 'z') + ",");
     DestroyWindow(window);
 }
