@@ -236,6 +236,10 @@ bool PickIn(HWND page, HWND control, const std::string& value)
         return true;
     }
     if (ClassIs(control, "Edit")) {
+        if (GetWindowLongA(control, GWL_STYLE) & ES_READONLY) {
+            fprintf(stderr, "workbench: control %d takes no typing\n", id);
+            return false;
+        }
         SetWindowTextA(control, value.c_str());  // the edit tells its page of the change
         return true;
     }

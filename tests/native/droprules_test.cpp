@@ -113,4 +113,7 @@ TEST(DropRules, CountsTheKeysOfAFunction)
     EXPECT_EQ(CountKeyFunction(keys, 3, kProtect), 1);
     EXPECT_EQ(CountKeyFunction(keys, 4, kIndicatorTest), 1);
     EXPECT_EQ(CountKeyFunction(keys, 4, kTalk), 0);
+    ParseKeyRecord("Protect", &keys[0]);
+    EXPECT_EQ(CountKeyFunction(keys, 1, kProtect), 1);
+    EXPECT_EQ(CountKeyFunction(keys, 4, kProtect), 3);
 }

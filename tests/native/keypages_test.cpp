@@ -117,6 +117,16 @@ TEST(KeyPages, ControlsShowTheirFields)
     EXPECT_EQ(PageControlValue(*FindPageControl(stopPage, 1030), stop), 0);
     EXPECT_EQ(PageControlValue(*FindPageControl(stopPage, 1031), stop), 1);
     EXPECT_EQ(PageControlValue(*FindPageControl(FindKeyPage(183), 1025), Parsed("Decrease,V,0,0,0,0,0")), 1);
+    const KEYPAGE* logical = FindKeyPage(169);
+    const KEYSLOT startsOn = Parsed("Toggle,Door,3,1,0");
+    EXPECT_EQ(PageControlValue(*FindPageControl(logical, 1026), startsOn), 1);  // "On"
+    EXPECT_EQ(PageControlValue(*FindPageControl(logical, 1027), startsOn), 0);  // "Off"
+    EXPECT_EQ(PageControlValue(*FindPageControl(logical, 1025), startsOn), 3);
+    EXPECT_EQ(PageControlValue(*FindPageControl(logical, 2012), startsOn), 0);
+    const KEYSLOT startsOff = Parsed("Toggle,Door,3,0,1");
+    EXPECT_EQ(PageControlValue(*FindPageControl(logical, 1026), startsOff), 0);
+    EXPECT_EQ(PageControlValue(*FindPageControl(logical, 1027), startsOff), 1);
+    EXPECT_EQ(PageControlValue(*FindPageControl(logical, 2012), startsOff), 1);
 }
 
 TEST(KeyPages, TheRulesOfThePages)
@@ -257,4 +267,36 @@ TEST(KeyPages, TheDestinationChoosesTheVariant)
     EXPECT_FALSE(StoreDestination(&select, 2, DESTINATION_SELECTION, ""));
     EXPECT_EQ(DestinationShown(Parsed("Alarm to Zone,0,0,0,50,0,,"), 6), "(no caption)");
     EXPECT_EQ(DestinationShown(Parsed("Select Zone,0,"), 2), "(no caption)");
+}
+
+// The table's shape: a row names a value or a position only where its kind reads it.
+TEST(KeyPages, EveryRowIsWhole)
+{
+    for (int p = 0; p < KEYPAGE_COUNT; p++) {
+        const KEYPAGE& page = KeyPages()[p];
+        for (int i = 0; i < page.count; i++) {
+            const PAGECONTROL& row = page.controls[i];
+            const bool usesExtra = row.kind == PC_RADIO || row.kind == PC_BIT || row.kind == PC_SPIN ||
+                                   row.kind == PC_PICKER || row.hook == HOOK_ALARMTONE;
+            if (!usesExtra)
+                EXPECT_EQ(row.extra, 0) << page.page << " " << row.control;
+            if (row.hook != HOOK_PRECHIMEFLAG)
+                EXPECT_EQ(row.flag, 0) << page.page << " " << row.control;
+            if (row.kind == PC_SPIN) {
+                const PAGECONTROL* buddy = FindPageControl(&page, row.extra);
+                ASSERT_NE(buddy, nullptr) << page.page << " " << row.control;
+                EXPECT_EQ(buddy->kind, PC_NUMBER);
+            }
+            if (row.kind == PC_PICKER) {  // it fills the text of its own field
+                bool filled = false;
+                for (int j = 0; j < page.count; j++)
+                    filled = filled || (page.controls[j].kind == PC_TEXT && page.controls[j].field == row.field);
+                EXPECT_TRUE(filled) << page.page << " " << row.control;
+            }
+        }
+    }
+    EXPECT_EQ(FindPageControl(FindKeyPage(208), 1008), nullptr);
+    EXPECT_EQ(FindPageControl(FindKeyPage(176), 1008), nullptr);
+    EXPECT_EQ(FindPageControl(nullptr, 1008), nullptr);
+    EXPECT_EQ(FindKeyPage(121), nullptr);
 }
