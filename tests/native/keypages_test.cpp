@@ -172,6 +172,13 @@ TEST(KeyPages, MessagesAreMatchedByNumber)
     EXPECT_EQ(list[1].name, "Gong");
     EXPECT_EQ(list[1].number, 7u);
     EXPECT_EQ(MatchMessage(list, "Old gong name|7"), 1);
+    MESSAGEENTRY nine;
+    ASSERT_TRUE(ParseMessageEntry("Alarm|9", &nine));
+    EXPECT_EQ(nine.number, 9u);
+    ASSERT_TRUE(ParseMessageEntry("Alarm|0", &nine));
+    EXPECT_EQ(nine.number, 0u);
+    EXPECT_FALSE(ParseMessageEntry("Alarm|x9", &nine));
+    EXPECT_FALSE(ParseMessageEntry("|9", &nine));
     EXPECT_EQ(MatchMessage(list, "Bell|12"), 2);
     EXPECT_EQ(MatchMessage(list, "Gone|99"), -1);
     EXPECT_EQ(MatchMessage(list, ""), -1);
@@ -274,6 +281,10 @@ TEST(KeyPages, EveryRowIsWhole)
 {
     for (int p = 0; p < KEYPAGE_COUNT; p++) {
         const KEYPAGE& page = KeyPages()[p];
+        if (page.page != 184) {  // the chime page alone sets a field when it shows a key
+            EXPECT_EQ(page.forcedField, 0) << page.page;
+            EXPECT_EQ(page.forcedValue, 0) << page.page;
+        }
         for (int i = 0; i < page.count; i++) {
             const PAGECONTROL& row = page.controls[i];
             const bool usesExtra = row.kind == PC_RADIO || row.kind == PC_BIT || row.kind == PC_SPIN ||
