@@ -136,6 +136,12 @@ void View_BeginDrag(HWND hwnd, KEYFUNCTIONVIEW* view, const NMTREEVIEWA* notice)
     SetCapture(hwnd);
 }
 
+void View_Notify(HWND hwnd, KEYFUNCTIONVIEW* view, const NMHDR* header)
+{
+    if (header->hwndFrom == view->tree && (header->code == TVN_BEGINDRAGA || header->code == TVN_BEGINDRAGW))
+        View_BeginDrag(hwnd, view, reinterpret_cast<const NMTREEVIEWA*>(header));
+}
+
 void View_MouseMove(HWND hwnd, KEYFUNCTIONVIEW* view, LPARAM lParam)
 {
     if (!view->dragging)
@@ -199,12 +205,9 @@ LRESULT View_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_SIZE:
         MoveWindow(view->tree, 0, 0, LOWORD(lParam), HIWORD(lParam), TRUE);
         return 0;
-    case WM_NOTIFY: {
-        const NMHDR* header = reinterpret_cast<const NMHDR*>(lParam);
-        if (header->hwndFrom == view->tree && (header->code == TVN_BEGINDRAGA || header->code == TVN_BEGINDRAGW))
-            View_BeginDrag(hwnd, view, reinterpret_cast<const NMTREEVIEWA*>(lParam));
+    case WM_NOTIFY:
+        View_Notify(hwnd, view, reinterpret_cast<const NMHDR*>(lParam));
         return 0;
-    }
     case WM_MOUSEMOVE:
         View_MouseMove(hwnd, view, lParam);
         return 0;

@@ -412,22 +412,25 @@ INT_PTR Page_Colours(HDC hdc, COLORREF colour, int brush)
     return (INT_PTR)a_GetObject(brush);
 }
 
+INT_PTR Page_Init(HWND dialog, const KEYPAGEOPEN* open)
+{
+    KEYPAGESTATE* state = AttachDialogState(dialog, new KEYPAGESTATE);
+    state->console = open->console;
+    state->pageId = open->pageId;
+    state->page = FindKeyPage(open->pageId);
+    state->loading = true;
+    if (state->page) {
+        FillFromResource(dialog, open->pageId);
+        FillCodeLists(dialog, state->page);
+    }
+    state->loading = false;
+    return FALSE;  // the page takes no focus from the window it stands in
+}
+
 INT_PTR Page_Dispatch(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_INITDIALOG) {
-        const KEYPAGEOPEN* open = reinterpret_cast<const KEYPAGEOPEN*>(lParam);
-        KEYPAGESTATE* state = AttachDialogState(dialog, new KEYPAGESTATE);
-        state->console = open->console;
-        state->pageId = open->pageId;
-        state->page = FindKeyPage(open->pageId);
-        state->loading = true;
-        if (state->page) {
-            FillFromResource(dialog, open->pageId);
-            FillCodeLists(dialog, state->page);
-        }
-        state->loading = false;
-        return FALSE;  // the page takes no focus from the window it stands in
-    }
+    if (message == WM_INITDIALOG)
+        return Page_Init(dialog, reinterpret_cast<const KEYPAGEOPEN*>(lParam));
     KEYPAGESTATE* state = DialogState<KEYPAGESTATE>(dialog);
     if (!state)
         return FALSE;

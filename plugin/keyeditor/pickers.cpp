@@ -108,16 +108,26 @@ void Picker_Ok(HWND dialog, PICKERSTATE* state)
     EndDialog(dialog, IDOK);
 }
 
+INT_PTR Picker_Init(HWND dialog, const PICKEROPEN* open)
+{
+    PICKERSTATE* state = AttachDialogState(dialog, new PICKERSTATE);
+    state->chosen = open->chosen;
+    state->kind = open->kind;
+    FillPicker(dialog, open, state);
+    return TRUE;
+}
+
+INT_PTR Picker_Notify(HWND dialog, PICKERSTATE* state, const NMHDR* header)
+{
+    if ((int)header->idFrom == state->list && header->code == NM_DBLCLK)
+        Picker_Ok(dialog, state);
+    return TRUE;
+}
+
 INT_PTR Picker_Dispatch(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_INITDIALOG) {
-        const PICKEROPEN* open = reinterpret_cast<const PICKEROPEN*>(lParam);
-        PICKERSTATE* state = AttachDialogState(dialog, new PICKERSTATE);
-        state->chosen = open->chosen;
-        state->kind = open->kind;
-        FillPicker(dialog, open, state);
-        return TRUE;
-    }
+    if (message == WM_INITDIALOG)
+        return Picker_Init(dialog, reinterpret_cast<const PICKEROPEN*>(lParam));
     PICKERSTATE* state = DialogState<PICKERSTATE>(dialog);
     if (!state)
         return FALSE;
@@ -128,12 +138,8 @@ INT_PTR Picker_Dispatch(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
         else if (LOWORD(wParam) == IDCANCEL)
             EndDialog(dialog, IDCANCEL);
         return TRUE;
-    case WM_NOTIFY: {
-        const NMHDR* header = reinterpret_cast<const NMHDR*>(lParam);
-        if ((int)header->idFrom == state->list && header->code == NM_DBLCLK)
-            Picker_Ok(dialog, state);
-        return TRUE;
-    }
+    case WM_NOTIFY:
+        return Picker_Notify(dialog, state, reinterpret_cast<const NMHDR*>(lParam));
     case WM_DESTROY:
         FreeDialogState<PICKERSTATE>(dialog);
         return TRUE;
