@@ -148,6 +148,11 @@ TEST(KeyPages, TheRulesOfThePages)
     // Choosing no prechime message clears its flag.
     EXPECT_EQ(Edited(167, "Talk to Zone,0,1,0,50,0,0,1,0,0,0,0,0,0,0,0,,Gong|7,", {{1017, 0, ""}}),
               "Talk to Zone,0,0,0,50,0,0,1,0,0,0,0,0,0,0,0,,,");
+    // A text is no number: a text control stores its text alone.
+    KEYSLOT selection = Parsed("Select Zone,0,ORNCON_1.Hall");
+    EXPECT_FALSE(StorePageControlValue(*FindPageControl(FindKeyPage(120), 1008), &selection, 5));
+    EXPECT_FALSE(StorePageControlValue(*FindPageControl(FindKeyPage(120), 1014), &selection, 5));
+    EXPECT_EQ(FormatKeyRecord(selection), "Select Zone,0,ORNCON_1.Hall");
     // Only "Up" and "Down" are functions of their own.
     const KEYPAGE* arithmetic = FindKeyPage(183);
     KEYSLOT slot = Parsed("Increase,V,0,0,0,0,0");
@@ -293,6 +298,8 @@ TEST(KeyPages, EveryRowIsWhole)
                 EXPECT_EQ(row.extra, 0) << page.page << " " << row.control;
             if (row.hook != HOOK_PRECHIMEFLAG)
                 EXPECT_EQ(row.flag, 0) << page.page << " " << row.control;
+            if (row.hook == HOOK_ARITHMETICMODE || row.kind == PC_SPIN)  // no field of their own
+                EXPECT_EQ(row.field, 0) << page.page << " " << row.control;
             if (row.kind == PC_SPIN) {
                 const PAGECONTROL* buddy = FindPageControl(&page, row.extra);
                 ASSERT_NE(buddy, nullptr) << page.page << " " << row.control;
