@@ -211,6 +211,8 @@ LRESULT View_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_MOUSEMOVE:
         View_MouseMove(hwnd, view, lParam);
         return 0;
+    case WM_SETCURSOR:  // while dragging, the cursor says whether the key takes the drop
+        return view->dragging ? TRUE : DefWindowProcA(hwnd, message, wParam, lParam);
     case WM_LBUTTONUP:
         return View_Drop(hwnd, view, lParam);
     case WM_CAPTURECHANGED:

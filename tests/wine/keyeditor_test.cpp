@@ -542,3 +542,41 @@ TEST(KeyFunctionView, ThePickedDestinationChoosesTheVariant)
     EXPECT_EQ(design.Get("ORNCST_1", "key003"), "Alarm to Zone,0,0,0,0,0," + std::string(127, 'z') + ",");
     DestroyWindow(window);
 }
+
+// The cursor over a key says whether it takes the function: 105 it does, 111 it does not.
+TEST(KeyFunctionView, TheCursorShowsWhetherTheKeyTakesTheDrop)
+{
+    TESTDESIGN design;
+    design.Load(ListedDesign({"ORNCST_1*DecadicSelectionActive=1"}));
+    HWND window = OpenConfiguration(design);
+    ASSERT_NE(window, nullptr);
+    HWND tree = TreeView(window);
+    HWND view = GetParent(tree);
+    HWND consoleView = GetDlgItem(window, IDC_CONSOLEVIEW);
+    const HCURSOR accepted = LoadCursorA(Plugin(), MAKEINTRESOURCEA(105));
+    const HCURSOR refused = LoadCursorA(Plugin(), MAKEINTRESOURCEA(111));
+    ASSERT_NE(accepted, nullptr);
+    ASSERT_NE(refused, nullptr);
+    NMTREEVIEWA notice = {};
+    notice.hdr = {tree, IDC_KEYFUNCTIONTREE, (UINT)TVN_BEGINDRAGA};
+    notice.itemNew.mask = TVIF_PARAM | TVIF_HANDLE;
+    notice.itemNew.hItem = FindNode(tree, TreeView_GetRoot(tree), 20);
+    notice.itemNew.lParam = 20;
+    SendMessageA(view, WM_NOTIFY, IDC_KEYFUNCTIONTREE, (LPARAM)&notice);
+    const struct {
+        int key;
+        HCURSOR cursor;
+    } cases[] = {{0, refused}, {11, refused}, {12, accepted}, {116, refused}, {115, accepted}};
+    for (const auto& c : cases) {
+        POINT at;
+        ASSERT_TRUE(KeyPoint(consoleView, c.key, &at)) << c.key;
+        MapWindowPoints(consoleView, view, &at, 1);
+        SendMessageA(view, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(at.x, at.y));
+        EXPECT_EQ(GetCursor(), c.cursor) << c.key;
+    }
+    SendMessageA(view, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(1, 1));  // over the tree
+    EXPECT_EQ(GetCursor(), refused);
+    EXPECT_EQ(SendMessageA(view, WM_LBUTTONUP, 0, MAKELPARAM(1, 1)), 0);  // let go elsewhere: nothing
+    EXPECT_EQ(design.Get("ORNCST_1", "key012"), "Empty");
+    DestroyWindow(window);
+}
