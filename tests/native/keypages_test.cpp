@@ -158,6 +158,19 @@ TEST(KeyPages, TheRulesOfThePages)
     KEYSLOT slot = Parsed("Increase,V,0,0,0,0,0");
     EXPECT_FALSE(StorePageControlValue(*FindPageControl(arithmetic, 1025), &slot, 2));
     EXPECT_EQ(FormatKeyRecord(slot), "Increase,V,0.000000,0.000000,0.000000,0,0");
+    KEYSLOT down = Parsed("Decrease,V,0,0,0,0,0");
+    EXPECT_TRUE(StorePageControlValue(*FindPageControl(arithmetic, 1025), &down, 0));
+    EXPECT_EQ(FormatKeyRecord(down), "Increase,V,0.000000,0.000000,0.000000,0,0");
+    // Every tone but "Extern" clears the input channel, "DIN Alarm" (1) as well.
+    EXPECT_EQ(Edited(185, "Alarm to Zone,0,0,0,50,0,ORNCON_1.Hall,Line 2", {{1022, 1, nullptr}}),
+              "Alarm to Zone,0,0,0,50,1,ORNCON_1.Hall,");
+    // A number control takes no text.
+    KEYSLOT indicator = Parsed("Indicator Test,1,0");
+    EXPECT_FALSE(StorePageControlText(*FindPageControl(FindKeyPage(208), 1015), &indicator, "Toggle"));
+    EXPECT_EQ(FormatKeyRecord(indicator), "Indicator Test,1,0");
+    // The lists the pages build themselves.
+    EXPECT_STREQ(FindPageControl(FindKeyPage(163), 1999)->items, "Push,Toggle,Trigger");
+    EXPECT_STREQ(FindPageControl(FindKeyPage(193), 2007)->items, "Push,Switch");
 }
 
 TEST(KeyPages, NoFieldIsWrittenPastItsWidth)
@@ -238,6 +251,7 @@ TEST(KeyPages, TheEditorPageOfAKey)
 {
     EXPECT_EQ(EditorPageOf(-1, 20, false), 182);
     EXPECT_EQ(EditorPageOf(5, 20, false), 167);
+    EXPECT_EQ(EditorPageOf(0, 20, false), 167);
     EXPECT_EQ(EditorPageOf(5, 20, true), 159);   // the numeric keys while they are the keypad
     EXPECT_EQ(EditorPageOf(11, 80, true), 159);
     EXPECT_EQ(EditorPageOf(12, 80, true), 185);
