@@ -351,6 +351,8 @@ bool ChoosePanelPage(HWND panel, const SCRIPTCOMMAND& command)
 
 bool Page(WORKBENCH* bench, const SCRIPTCOMMAND& command)
 {
+    if (command.text.empty())
+        return PrintEditorPage(command.object);
     HWND view = FindView(bench, command.object);
     if (view && NamesPanel(command.object))
         return ChoosePanelPage(view, command);

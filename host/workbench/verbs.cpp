@@ -17,7 +17,8 @@ const SCRIPTVERBROW kVerbs[] = {
     {SCRIPT_SHOT, "shot", "TARGET FILE",
      "writes a picture of TARGET: surface, screen, an object's canvas (its name), config:OBJ, view:OBJ, panel:OBJ or "
      "page:OBJ"},
-    {SCRIPT_SELECT, "select", "OBJ", "selects the object; the property list shows it"},
+    {SCRIPT_SELECT, "select", "OBJ [KEY]",
+     "selects the object (the property list shows it), or clicks key KEY in its configuration window"},
     {SCRIPT_FIRMWARE, "firmware", "OBJ PACKAGE PASSWORD",
      "runs the online console's firmware update, printing each state text"},
     {SCRIPT_EDIT, "edit", "OBJ KEYWORD VALUE", "types VALUE into OBJ's row KEYWORD of the property list"},
@@ -51,12 +52,17 @@ const SCRIPTVERBROW kVerbs[] = {
     {SCRIPT_RCLICK, "rclick", "OBJ KEY ITEM", "opens the key's context menu, prints its items and chooses ITEM (- none)"},
     {SCRIPT_LABEL, "label", "OBJ KEY TEXT", "types TEXT into the key's label box and presses Enter"},
     {SCRIPT_EXTENSION, "extension", "OBJ add|remove", "the console view's toolbar buttons"},
-    {SCRIPT_PAGE, "page", "OBJ N|side|buttons",
+    {SCRIPT_PAGE, "page", "OBJ [N|side|buttons]",
      "page button N (0 the console, k extension slot k-1), or the layout side by side or with page buttons; "
-     "panel:OBJ N shows the control panel's page N (0 side by side, 1 with page buttons, 2 the extensions)"},
+     "panel:OBJ N shows the control panel's page N (0 side by side, 1 with page buttons, 2 the extensions); "
+     "alone, prints the configuration window's key page: its id and every control's id and value"},
     {SCRIPT_LEDS, "leds", "OBJ KEY MODE [MODE2]", "sets the modes (0 to 3) of the key's first and second LED"},
     {SCRIPT_SCROLL, "scroll", "OBJ X", "moves the console view's scroll box to X"},
     {SCRIPT_PANEL, "panel", "OBJ", "opens the console's control panel, or closes it when it is open"},
+    {SCRIPT_DROP, "drop", "OBJ FUNCTION KEY",
+     "drags the key-function tree's FUNCTION (a node's first word or its id) onto key KEY of the configuration window"},
+    {SCRIPT_PICK, "pick", "OBJ CONTROL VALUE",
+     "sets control CONTROL of the key page as a user would (a list's item, a text, 1 or 0, a number; \"...\": the picker's entry, - cancels)"},
     {SCRIPT_HELP, "help", "", "prints every command with its arguments and what it does"},
 };
 

@@ -96,6 +96,11 @@ extern const VERBHANDLERS kConsoleViewVerbs;  // consoleviews.cpp
 extern const VERBHANDLERS kPanelVerbs;        // panelverbs.cpp
 extern const VERBHANDLERS kFirmwareVerbs;     // firmwarecommand.cpp
 extern const VERBHANDLERS kConfigurationVerbs; // configurationverbs.cpp
+extern const VERBHANDLERS kKeyEditorVerbs;     // keyeditorverbs.cpp
+// The key editor of a configuration window: a key clicked so that its page
+// opens ("select OBJ KEY"), the page printed ("page OBJ").
+bool SelectEditorKey(const std::string& object, int key);
+bool PrintEditorPage(const std::string& object);
 
 // Whether every verb has exactly one handler; names those that do not on stderr.
 bool CheckVerbHandlers();

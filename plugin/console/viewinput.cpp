@@ -105,6 +105,7 @@ void SelectKey(HWND hwnd, CONSOLEVIEW* view, int key)
 {
     if (std::find(view->selection.begin(), view->selection.end(), key) == view->selection.end())
         view->selection.push_back(key);
+    view->console->SelectKeyForEditor(key);  // its editor page follows
     InvalidateRect(hwnd, NULL, TRUE);
 }
 

@@ -66,6 +66,16 @@ public:
     WINDOWPLACEMENT m_configurationPlacement = {};
     POINT m_configurationPosition = {};
     uint8_t m_connectionOnline = 0;  // the connection's "online", as the Supervision page last read it
+    // The key whose editor page the configuration window shows (-1 none), and
+    // the mark that it changed: the window rebuilds the page on its first
+    // tick after the mark (it takes the mark down).
+    int32_t m_selectedKey = -1;
+    bool m_keyChangeMark = false;
+    void SelectKeyForEditor(int key)
+    {
+        m_selectedKey = key;
+        m_keyChangeMark = true;
+    }
 
 private:
     CONSOLEPROPERTIES(const CONSOLEPROPERTIES&);

@@ -8,6 +8,7 @@
 #include "../console/consoleview.h"
 #include "../console/controlpanel.h"
 #include "../console/viewimages.h"
+#include "../keyeditor/keyfunctionview.h"
 
 #include "analyze.h"
 #include "../../base/trace.h"
@@ -92,12 +93,12 @@ int RegisterKVTView(HINSTANCE instance)
 int RegisterKeyFunctionView(HINSTANCE instance)
 {
     HBRUSH hostBrush = (HBRUSH)a_GetObject(HOSTOBJECT_BACKGROUNDBRUSH);
-    WNDCLASSEXA wc = ClassTemplate(instance, "DOVRIXKEYFUNCTIONVIEW", PendingWindowProc, kViewStyle, hostBrush);
+    WNDCLASSEXA wc = ClassTemplate(instance, "DOVRIXKEYFUNCTIONVIEW", KeyFunctionViewWndProc, kViewStyle, hostBrush);
     if (!RegisterClassExA(&wc)) {
         Trace("RegisterKEYFUNCTIONView failed\n");
         return 0;
     }
-    WNDCLASSEXA workspace = ClassTemplate(instance, "KEYFUNCTIONVIEWWORKSPACE", PendingWindowProc,
+    WNDCLASSEXA workspace = ClassTemplate(instance, "KEYFUNCTIONVIEWWORKSPACE", KeyFunctionWorkspaceWndProc,
                                           kViewStyle | CS_DBLCLKS, hostBrush);
     RegisterClassExA(&workspace);
     return 1;
