@@ -93,6 +93,8 @@ TEST(ReportRows, FieldsByFamily)
     EXPECT_EQ(business.trigger, "Switch");
     EXPECT_EQ(business.locked, "yes");
     EXPECT_EQ(business.mark, MARK_NONE);
+    EXPECT_EQ(business.destination, "ORNCON_1.Shop");
+    EXPECT_EQ(RowOf("PTT to Zone,1,2,3,4,5,6,7,8,9,ORNCON_1.Hall,Pre|1").destination, "ORNCON_1.Hall");
 
     KEYROW talk = RowOf("Talk to Zone,0,1,1,50,2,0,1,0,0,0,0,0,0,0,0,ORNCON_1.Hall,Gong|12,");
     EXPECT_EQ(talk.priority, "50");
@@ -104,6 +106,10 @@ TEST(ReportRows, FieldsByFamily)
     EXPECT_EQ(stop.priority, "20");
     EXPECT_EQ(stop.trigger, "Trigger");
     EXPECT_EQ(stop.locked, "yes");
+
+    KEYROW unlocked = RowOf("Stop,0,20,2,15,91,");
+    EXPECT_EQ(unlocked.locked, "no");
+    EXPECT_EQ(RowOf("Stop,0,0,3,0,0,").trigger, "3");
 
     KEYROW on = RowOf("On,40,0");
     EXPECT_EQ(on.priority, "40");
