@@ -84,6 +84,7 @@ enum CHILDID : int {
     IDC_VIEWBUTTON = 1002,
     IDC_CONSOLEVIEW = 1003,
     IDC_CONSOLESELECTOR = 1006,
+    IDC_MANAGERTREE = 1010,             // the manager view's tree control
     IDC_LABELEDITOR = 1002,             // the console view's in-place label editor (its child)
     IDC_VIEW_TOOLBAR = 1012,            // the console view's toolbar
     IDC_PAGEBUTTON_CONSOLE = 2000,      // page buttons: 2000 + page, 2001 + slot for the extensions

@@ -114,3 +114,6 @@
 #define IDC_CALLSTATION_COUNT 1018
 #define IDC_CALLSTATION_START 1020
 
+// The manager tree's drag cursors: over a controller that takes the console, elsewhere.
+#define IDC_CURSOR_DROP 105
+#define IDC_CURSOR_NODROP 111
