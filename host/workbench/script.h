@@ -48,17 +48,25 @@ enum SCRIPTVERB {
     SCRIPT_CHOOSE,
     SCRIPT_CLOSE,
     SCRIPT_IDLE,
+    SCRIPT_ADDCONSOLES,
+    SCRIPT_DIALOG,
+    SCRIPT_TREE,
+    SCRIPT_TREESELECT,
+    SCRIPT_MOVE,
+    SCRIPT_MERGE,
     SCRIPT_VERB_COUNT  // not a verb: the number of them, SCRIPT_NOTHING included
 };
 
 struct SCRIPTCOMMAND {
     SCRIPTVERB verb = SCRIPT_NOTHING;
     std::string object;   // get, online, fault, device, list, tooltip, menu, open, delete; shot: the target
-    std::string typed;    // edit: the value typed
+    std::string typed;    // edit, dialog: the value typed
     std::string text;     // set: the whole design line; get, edit: the keyword; save, screenshot: the
                           // file; device: the variable; rclick: the item; label: the text;
                           // extension: add or remove; page: N, side or buttons;
-                          // tab: configuration or supervision; choose: the console
+                          // tab: configuration or supervision; choose: the console;
+                          // addconsoles: the type; dialog: the field; treeselect: the item;
+                          // move: the controller
     int code = 0;         // callback: the code; fault: the fault word; tick: milliseconds; drag: DX;
                           // leds: the first LED's mode
     int value = 0;        // online, fault, design: 1 or 0; device: the value; drag: DY; leds: the

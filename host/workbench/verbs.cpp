@@ -52,6 +52,14 @@ const SCRIPTVERBROW kVerbs[] = {
      "page button N (0 the console, k extension slot k-1), or the layout side by side or with page buttons"},
     {SCRIPT_LEDS, "leds", "OBJ KEY MODE [MODE2]", "sets the modes (0 to 3) of the key's first and second LED"},
     {SCRIPT_SCROLL, "scroll", "OBJ X", "moves the console view's scroll box to X"},
+    {SCRIPT_ADDCONSOLES, "addconsoles", "TYPE",
+     "opens the add-consoles dialog for TYPE; the lines after it drive the dialog until it closes"},
+    {SCRIPT_DIALOG, "dialog", "FIELD VALUE",
+     "the add-consoles dialog: target, count, start or extensions takes VALUE; show prints it; ok, cancel press the buttons"},
+    {SCRIPT_TREE, "tree", "OBJ", "prints the manager tree of OBJ's configuration window, TEXT = OBJECT an item"},
+    {SCRIPT_TREESELECT, "treeselect", "OBJ ITEM", "clicks the manager tree's item ITEM (its text or its object)"},
+    {SCRIPT_MOVE, "move", "OBJ CONTROLLER", "drags console OBJ's item in its manager tree onto CONTROLLER"},
+    {SCRIPT_MERGE, "merge", "FILE", "loads a design file into the open design: its objects are added"},
     {SCRIPT_HELP, "help", "", "prints every command with its arguments and what it does"},
 };
 

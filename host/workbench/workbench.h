@@ -23,6 +23,8 @@ struct WIDGETPAGE {
     HWND window = NULL;
 };
 
+struct SCRIPTREADER;
+
 struct WORKBENCH {
     HMODULE plugin = NULL;
     PLUGINCALLBACK callback = nullptr;
@@ -35,6 +37,7 @@ struct WORKBENCH {
     std::string designPath;   // the file the design was read from or saved to
     std::map<std::string, std::unique_ptr<WIDGETPAGE>> pages;  // by object name
     std::map<std::string, HWND> consoleViews;                  // frames of console views, by object name
+    SCRIPTREADER* script = nullptr;                            // the script being run, if any
 };
 
 // Console views in frames of their own (consoleviews.cpp).
@@ -89,6 +92,7 @@ extern const VERBHANDLERS kPictureVerbs;      // pictureverbs.cpp
 extern const VERBHANDLERS kConsoleViewVerbs;  // consoleviews.cpp
 extern const VERBHANDLERS kFirmwareVerbs;     // firmwarecommand.cpp
 extern const VERBHANDLERS kConfigurationVerbs; // configurationverbs.cpp
+extern const VERBHANDLERS kManagerVerbs;      // managerverbs.cpp: the system manager's dialog and tree
 
 // Whether every verb has exactly one handler; names those that do not on stderr.
 bool CheckVerbHandlers();
@@ -96,6 +100,13 @@ bool CheckVerbHandlers();
 bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command);
 // Runs a script file; returns the number of lines that failed.
 int RunScript(WORKBENCH* bench, const char* path);
+// Runs the next line of the script being run; false when there is none.
+bool RunNextScriptLine(WORKBENCH* bench);
+
+// The console types the add-consoles dialog makes (the Device menu's items).
+extern const char* const kAddConsoleTypes[4];
+// Runs the plug-in's add-consoles dialog for the type over the design.
+INT_PTR AddConsoles(WORKBENCH* bench, const char* type);
 
 // The design surface (surface.cpp).
 extern const char kSurfaceClass[];

@@ -123,6 +123,7 @@ TEST(Verbs, EveryVerbParsesFromItsOwnPattern)
         {"DX", "-5"}, {"DY", "7"}, {"X", "300"}, {"KEY", "121"}, {"MODE", "2"}, {"[MODE2]", "1"},
         {"on|off", "on"}, {"add|remove", "add"}, {"N|side|buttons", "side"},
         {"configuration|supervision", "supervision"}, {"CONSOLE", "ORNCST_2"},
+        {"TYPE", "ORN-15CST"}, {"FIELD", "count"}, {"CONTROLLER", "ELKCON_1"},
         {"OBJ*KEYWORD=VALUE", "ORNCST_1*name=Desk"}, {"VARIABLE=VALUE", "Faults3=1"}};
     for (const SCRIPTVERBROW& row : ScriptVerbs()) {
         std::string line = row.name;
