@@ -25,7 +25,8 @@ const char* const kFixedKeys[] = {
 
 bool IsFree(uint32_t freeAddresses, int address)
 {
-    return address >= 0 && address <= kHighestAddress && (freeAddresses >> address) & 1u;
+    // Bit 0 stands for no address, whatever the map says.
+    return address >= 1 && address <= kHighestAddress && (freeAddresses >> address) & 1u;
 }
 
 void AppendConsole(std::string* text, const CONSOLEBATCH& batch, const char* prefix, int i, int address)

@@ -195,6 +195,8 @@ TEST(ConsoleBatch, NextAddressIsTheFirstFreeAboveAndWrapsAboveSixteen)
     EXPECT_EQ(NextConsoleAddress(16, 1u << 5), 5);
     EXPECT_EQ(NextConsoleAddress(14, 1u << 2), 17);  // none left
     EXPECT_EQ(NextConsoleAddress(16, 0), 17);
+    EXPECT_EQ(NextConsoleAddress(16, 1u | (1u << 5)), 5);  // bit 0 is no address
+    EXPECT_EQ(NextConsoleAddress(16, 1u), 17);
 }
 
 TEST(ConsoleBatch, CapacityCountsTheFreeAddressesFromTheStart)
