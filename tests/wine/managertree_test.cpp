@@ -9,6 +9,7 @@
 
 #include <commctrl.h>
 #include "../../plugin/protocol.h"
+#include "../../plugin/resources/resource.h"
 
 namespace {
 
@@ -134,6 +135,11 @@ bool Drag(const VIEW& v, HOSTINFO* console, HTREEITEM target)
     return true;
 }
 
+HCURSOR PluginCursor(int id)
+{
+    return LoadCursorA(Plugin(), MAKEINTRESOURCEA(id));
+}
+
 }  // namespace
 
 TEST(ManagerTree, StandsAtItsPlaceInTheConfigurationWindow)
@@ -235,6 +241,8 @@ TEST(ManagerTree, DraggingTheThirdOfFourConsolesToAnotherController)
     const VIEW v = OpenTree(design, "ORNCST_1");
     ASSERT_NE(v.tree, nullptr);
     ASSERT_TRUE(Drag(v, design.Object("ORNCST_3"), Controller(v.tree, 1)));
+    ASSERT_NE(PluginCursor(IDC_CURSOR_DROP), nullptr);
+    EXPECT_EQ(GetCursor(), PluginCursor(IDC_CURSOR_DROP));
     EXPECT_EQ(Positions(v.tree, 0), Expected({"Desk 1 (ORNCST_1)", "Desk 2 (ORNCST_2)", "Desk 4 (ORNCST_4)"}));
     EXPECT_EQ(Positions(v.tree, 1), Expected({"Desk 3 (ORNCST_5)", "Desk 3 (ORNCST_3)"}));
     EXPECT_EQ(Read(v.tree, ItemOf(v.tree, design.Object("ORNCST_4"))).object, design.Object("ORNCST_4"));
@@ -268,6 +276,8 @@ TEST(ManagerTree, DropsThatFindNoPlaceChangeNothing)
     EXPECT_TRUE(Drag(v, console, Controller(v.tree, 0)));  // its own controller
     EXPECT_TRUE(Drag(v, console, Controller(v.tree, 1)));  // a full one
     EXPECT_TRUE(Drag(v, console, NULL));                   // nothing
+    ASSERT_NE(PluginCursor(IDC_CURSOR_NODROP), nullptr);
+    EXPECT_EQ(GetCursor(), PluginCursor(IDC_CURSOR_NODROP));  // only the cursor says so
     EXPECT_TRUE(Drag(v, console, ItemOf(v.tree, design.Object("ORNCST_21"))));  // a position
     EXPECT_TRUE(Drag(v, console, Controller(v.tree, 2)));  // another family
     EXPECT_EQ(Positions(v.tree, 0), before);
