@@ -301,3 +301,21 @@ TEST(ManagerTree, NoDragWhileTheShownConsoleIsOnline)
     design.Object("ORNCST_1")->m_wFlags &= (WORD)~HOSTFLAG_ONLINE;
     DestroyWindow(v.window);
 }
+
+TEST(ManagerTree, AConsoleWithAWindowOfItsOwnStaysThere)
+{
+    TESTDESIGN design;
+    design.Load({kOrnController1});
+    AddConnected(design, "ORNCST_1", 1, "ORNCON_1");
+    AddConnected(design, "ORNCST_2", 2, "ORNCON_1");
+    const VIEW first = OpenTree(design, "ORNCST_1");
+    const VIEW second = OpenTree(design, "ORNCST_2");
+    ASSERT_NE(first.tree, nullptr);
+    ASSERT_NE(second.tree, nullptr);
+    SendMessageA(first.tree, TVM_SELECTITEM, TVGN_CARET, (LPARAM)ItemOf(first.tree, design.Object("ORNCST_2")));
+    EXPECT_EQ(Title(first.window), "ORNCST_1 - Configuration");
+    EXPECT_EQ(Title(second.window), "ORNCST_2 - Configuration");
+    EXPECT_EQ(Read(first.tree, Next(first.tree, NULL, TVGN_CARET)).object, design.Object("ORNCST_1"));
+    DestroyWindow(second.window);
+    DestroyWindow(first.window);
+}
