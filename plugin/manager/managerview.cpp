@@ -148,8 +148,13 @@ LRESULT ManagerView_Create(HWND hwnd, const CREATESTRUCTA* create)
     view->tree = tree;
     view->filling = true;
     Fill(view, a_FindRootHostinfo(current));
-    if (HTREEITEM item = FindObjectItem(tree, FirstController(tree), current))
+    if (HTREEITEM item = FindObjectItem(tree, FirstController(tree), current)) {
         Select(view, item);
+        // The tree opens at its top when the item can be seen from there.
+        SendMessageA(tree, TVM_SELECTITEM, TVGN_FIRSTVISIBLE, (LPARAM)FirstController(tree));
+        SendMessageA(tree, TVM_ENSUREVISIBLE, 0, (LPARAM)item);
+        SendMessageA(tree, WM_HSCROLL, MAKEWPARAM(SB_LEFT, 0), 0);
+    }
     view->filling = false;
     return 0;
 }
