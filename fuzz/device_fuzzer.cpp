@@ -54,6 +54,12 @@ void CheckPorts(const std::string& text)
         if (JoinPorts(ports) != text || !SplitPorts(JoinPorts(ports), &again) || again != ports)
             abort();
     }
+    std::vector<std::string> zones;
+    if (SplitZones(text, &zones)) {
+        std::vector<std::string> again;
+        if (JoinZones(zones) != text || !SplitZones(JoinZones(zones), &again) || again != zones)
+            abort();
+    }
     std::string port;
     int address = 0, model = 0;
     ParsePortPosition(text.c_str(), &port, &address, &model);

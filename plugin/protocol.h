@@ -79,7 +79,8 @@ const WORD LABELEDITOR_ENTER = 1111;    // Enter in the console view's label edi
 
 // ---- Timers --------------------------------------------------------------
 
-const UINT_PTR TIMER_POLL = 111;        // canvas 100 ms, configuration window 200 ms, views 100 ms
+const UINT_PTR TIMER_POLL = 111;        // canvas 100 ms, configuration window 200 ms, views 100 ms,
+                                        // the add-consoles dialog 250 ms
 const UINT_PTR TIMER_UPLOAD = 333;      // the firmware update dialog, 200 ms
 
 // ---- Child windows and commands made in code ------------------------------
@@ -91,6 +92,7 @@ enum CHILDID : int {
     IDC_VIEWBUTTON = 1002,
     IDC_CONSOLEVIEW = 1003,
     IDC_CONSOLESELECTOR = 1006,
+    IDC_MANAGERTREE = 1010,             // the manager view's tree control
     IDC_LABELEDITOR = 1002,             // the console view's in-place label editor (its child)
     IDC_VIEW_TOOLBAR = 1012,            // the console view's toolbar
     IDC_PAGEBUTTON_CONSOLE = 2000,      // page buttons: 2000 + page, 2001 + slot for the extensions

@@ -3,6 +3,8 @@
 
 #include <string.h>
 
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -19,6 +21,7 @@ struct LINESOURCE {
     const char* file;
     int number;
     std::vector<std::string>* refusedNames;  // objects whose control line was refused
+    const std::set<std::string>* existing;   // objects of the design before the file came
 };
 
 // While obj takes a line, what it reports is said with its name and the line's place.
@@ -86,6 +89,10 @@ bool CreateFromControlLine(DESIGN* design, const DESIGNLINE& line, const LINESOU
     }
     if (FindObjectOf(design, fullName)) {
         Refuse(design, source, "Object exists already:", fullName);
+        // A file loaded into an open design must not rewrite the design's own
+        // object of that name: its lines are refused with it.
+        if (source.refusedNames && source.existing && source.existing->count(fullName))
+            source.refusedNames->push_back(fullName);
         return false;
     }
     WNDCLASSEXA info = {};
@@ -223,7 +230,15 @@ BOOL a_LoadFile(HOSTINFO* root, LPCSTR path)
     const char* name = strrchr(path, '\\');
     name = name ? name + 1 : path;
     std::vector<std::string> refusedNames;
-    LINESOURCE source = {name, 0, &refusedNames};
+    // Loaded into an open design, the file adds objects: they are the
+    // design's edits, and the edits made before stay marked.
+    std::set<std::string> existing;
+    std::map<HOSTINFO*, WORD> edited;
+    for (HOSTINFO* obj : design->objects) {
+        existing.insert(obj->m_szName);
+        edited[obj] = obj->m_wFlags & HOSTFLAG_EDITED;
+    }
+    LINESOURCE source = {name, 0, &refusedNames, &existing};
     size_t start = 0;
     while (start < content.size()) {
         size_t end = content.find('\n', start);
@@ -234,6 +249,12 @@ BOOL a_LoadFile(HOSTINFO* root, LPCSTR path)
         start = end + 1;
     }
     a_FinishLoading(design);
+    if (!edited.empty()) {
+        for (HOSTINFO* obj : design->objects) {
+            auto before = edited.find(obj);
+            obj->m_wFlags |= before == edited.end() ? (WORD)HOSTFLAG_EDITED : before->second;
+        }
+    }
     return TRUE;
 }
 
@@ -242,7 +263,7 @@ BOOL a_LoadLine(HOSTINFO* root, LPCSTR line, int mode)
     DESIGN* design = FindDesign(root);
     if (!design || !line)
         return FALSE;
-    return LoadOneLine(design, line, strlen(line), mode, LINESOURCE{nullptr, 0, nullptr});
+    return LoadOneLine(design, line, strlen(line), mode, LINESOURCE{nullptr, 0, nullptr, nullptr});
 }
 
 BOOL a_SaveFile(HOSTINFO* root, LPCSTR path)

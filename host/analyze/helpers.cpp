@@ -105,15 +105,22 @@ HFONT a_GetFont(LPCSTR spec)
     auto found = fonts.find(key);
     if (found != fonts.end())
         return found->second;
-    const size_t comma = key.rfind(',');
+    std::string size = key;
+    int weight = FW_NORMAL;
+    const std::string bold = ",bold";
+    if (size.size() > bold.size() && _stricmp(size.c_str() + size.size() - bold.size(), bold.c_str()) == 0) {
+        size.resize(size.size() - bold.size());
+        weight = FW_BOLD;
+    }
+    const size_t comma = size.rfind(',');
     int points = 0;
-    if (comma == std::string::npos || !ParseInt(key.c_str() + comma + 1, &points) || points <= 0)
+    if (comma == std::string::npos || !ParseInt(size.c_str() + comma + 1, &points) || points <= 0)
         return (HFONT)GetStockObject(DEFAULT_GUI_FONT);
     HDC screen = GetDC(NULL);
     const int height = -MulDiv(points, GetDeviceCaps(screen, LOGPIXELSY), 72);
     ReleaseDC(NULL, screen);
-    const std::string face = key.substr(0, comma);
-    HFONT font = CreateFontA(height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+    const std::string face = size.substr(0, comma);
+    HFONT font = CreateFontA(height, 0, 0, 0, weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
                              CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH | FF_SWISS, face.c_str());
     fonts[key] = font;
     return font;

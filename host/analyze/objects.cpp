@@ -37,6 +37,13 @@ BOOL a_EnumHostinfo(HOSTINFOVISITOR visit, void* context)
     return TRUE;
 }
 
+BOOL a_IsClass(HOSTINFO* obj, LPCSTR className)
+{
+    char name[256] = "";
+    return obj && className && obj->m_hWnd && IsWindow(obj->m_hWnd) &&
+           GetClassNameA(obj->m_hWnd, name, sizeof name) && strcmp(name, className) == 0;
+}
+
 BOOL a_InitializeHostinfo(HOSTINFO* obj, HWND hwnd, const HOSTCREATE* create)
 {
     if (!obj)

@@ -42,7 +42,7 @@ const SYSTEMLIST* SystemListByKeyword(const std::string& keyword)
 // What a variable name stands for on this controller: one of its own stored
 // values (field), a value it derives, a port's slot, or a device variable.
 struct VARIABLE {
-    enum KIND { NONE, FIELD, FREEADDRESSES, FAULTLED, SLOT, DEVICE } kind = NONE;
+    enum KIND { NONE, FIELD, FREEADDRESSES, CONSOLECOUNT, FAULTLED, SLOT, DEVICE } kind = NONE;
     int* field = nullptr;
     int slot = 0;
     SIMDEVICE* device = nullptr;
@@ -66,6 +66,8 @@ VARIABLE Resolve(CONTROLLER* c, const std::string& name)
         v.kind = VARIABLE::FREEADDRESSES;
     else if (name == "System.Info.FaultLed")
         v.kind = VARIABLE::FAULTLED;
+    else if (name == std::string(c->m_szName) + ".NrOfZEL4010")
+        v.kind = VARIABLE::CONSOLECOUNT;
     else if (name == "SystemMonitoringOnEmergency")
         return Field(&c->monitoring);
     else if (name == "ProgramLocalSorceConfig")
@@ -106,6 +108,9 @@ bool ReadVariable(CONTROLLER* c, const VARIABLE& v, int* value)
         return true;
     case VARIABLE::FREEADDRESSES:
         *value = c->FreeAddresses();
+        return true;
+    case VARIABLE::CONSOLECOUNT:
+        *value = c->ConsoleCount();
         return true;
     case VARIABLE::FAULTLED:
         *value = c->FaultLed() ? 1 : 0;
@@ -255,6 +260,30 @@ int CONTROLLER::FreeAddresses() const
     return mask;
 }
 
+int CONTROLLER::ConsoleCount() const
+{
+    int count = 0;
+    for (const auto& device : devices)
+        count += device.second.connected ? 1 : 0;
+    return count;
+}
+
+LRESULT CONTROLLER::ZoneListRequest(REQUEST* r, const std::string& name)
+{
+    if (name != "Matrix.Zones")
+        return -1;
+    r->index = 1;
+    if (r->operation == REQ_LOOKUP)
+        return 1;
+    if (r->operation != REQ_READ || r->type != REQTYPE_TEXTLIST || !r->value)
+        return 0;
+    STRINGLIST* list = static_cast<STRINGLIST*>(r->value);
+    for (const std::string& zone : zones)
+        if (!a_AddString(list, zone.c_str()))
+            return 0;
+    return 1;
+}
+
 bool CONTROLLER::FaultLed() const
 {
     for (const auto& device : devices)
@@ -372,6 +401,9 @@ LRESULT CONTROLLER::OnMessage(WPARAM wParam, LPARAM lParam)
         HOSTINFO* root = a_FindRootHostinfo(this);
         return root && root != this ? root->OnMessage(wParam, lParam) : 0;
     }
+    const LRESULT zoneList = ZoneListRequest(r, name);
+    if (zoneList >= 0)
+        return zoneList;
     const LRESULT keyRecord = KeyRecordRequest(r, name);
     if (keyRecord >= 0)
         return keyRecord;
@@ -473,6 +505,12 @@ LRESULT CONTROLLER::OnLoad(WPARAM, LPARAM lParam)
         ok = ParseInt(value.c_str(), &number);
         if (ok)
             localSource = number != 0;
+    } else if (keyword == "zones") {
+        // The matrix's zones: listed for the add-consoles dialog ("Matrix.Zones")
+        // and offered to the key editor ("Matrix.SystemZones").
+        ok = SplitZones(value, &zones);
+        if (ok)
+            lists[keyword] = value;
     } else if (keyword == "password") {
         password = value;
         ok = true;

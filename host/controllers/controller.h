@@ -42,6 +42,10 @@ public:
     LRESULT KeyRecordRequest(REQUEST* r, const std::string& name);
     // Bit n set: address n (1..16) is free on this controller's bus.
     int FreeAddresses() const;
+    // The consoles connected to its bus.
+    int ConsoleCount() const;
+    // "Matrix.Zones" (a text list, type 46): the zones; -1 when the name is another.
+    LRESULT ZoneListRequest(REQUEST* r, const std::string& name);
     bool FaultLed() const;
     SIMDEVICE* Device(const std::string& console, bool create);
     // Sets a variable as the device itself would change it (simulation).
@@ -57,6 +61,7 @@ public:
     void AdvanceUpload();
 
     std::vector<std::string> ports;
+    std::vector<std::string> zones;  // the zones of its matrix, as the design lists them ("zones=")
     int baudrate = 125;
     int monitoring = 0;   // "SystemMonitoringOnEmergency"
     int localSource = 0;  // "ProgramLocalSorceConfig"

@@ -56,3 +56,26 @@ bool SplitPorts(const std::string& text, std::vector<std::string>* ports)
     return true;
 }
 
+
+std::string JoinZones(const std::vector<std::string>& zones)
+{
+    return JoinPorts(zones);
+}
+
+bool SplitZones(const std::string& text, std::vector<std::string>* zones)
+{
+    std::vector<std::string> parsed;
+    size_t start = 0;
+    while (!text.empty() && start <= text.size()) {
+        size_t end = text.find(',', start);
+        if (end == std::string::npos)
+            end = text.size();
+        const std::string zone = text.substr(start, end - start);
+        if (zone.empty() || zone.find_first_of(".\r\n") != std::string::npos)
+            return false;
+        parsed.push_back(zone);
+        start = end + 1;
+    }
+    *zones = parsed;
+    return true;
+}

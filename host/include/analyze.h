@@ -328,8 +328,13 @@ ANALYZE_API BOOL a_RemoveHostinfo(HOSTINFO* host, HOSTINFO* obj);
 ANALYZE_API void a_DestroyChildWindows(HOSTINFO* obj);
 // Draws the selection marks of a selected object on its window's DC.
 ANALYZE_API void a_DrawSelection(HOSTINFO* obj, HDC hdc);
+// Whether obj has a window of the window class className.
+ANALYZE_API BOOL a_IsClass(HOSTINFO* obj, LPCSTR className);
 // Reads a design file into the design of root. Returns FALSE when the file
 // cannot be read; refused lines are reported in the output window and skipped.
+// Into an open design the file adds its objects, which count as edits; a
+// control line naming an object the design has already is refused with the
+// lines of that object, so the design's own object stays as it was.
 ANALYZE_API BOOL a_LoadFile(HOSTINFO* root, LPCSTR path);
 
 // ---- Lists ----------------------------------------------------------------
@@ -363,7 +368,7 @@ ANALYZE_API LPSTR a_MakeFullTempPathName(LPCSTR name, LPSTR path, int size);
 // 1: the brush of input fields (#FFFFCE), 2: the brush of faces and dialogs (#D4D0C8).
 enum { HOSTOBJECT_BACKGROUNDBRUSH = 1, HOSTOBJECT_FACEBRUSH = 2 };
 ANALYZE_API HGDIOBJ a_GetObject(int id);
-// A font by "face,points" ("ms sans serif,8"); the host keeps it.
+// A font by "face,points" ("ms sans serif,8") or "face,points,bold"; the host keeps it.
 ANALYZE_API HFONT a_GetFont(LPCSTR spec);
 
 // ---- Widgets --------------------------------------------------------------

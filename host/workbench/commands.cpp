@@ -13,7 +13,7 @@ namespace {
 
 const VERBHANDLERS* const kHandlerTables[] = {
     &kInspectVerbs, &kInputVerbs, &kSimulationVerbs, &kPictureVerbs, &kConsoleViewVerbs, &kPanelVerbs,
-    &kFirmwareVerbs, &kConfigurationVerbs, &kKeyEditorVerbs,
+    &kFirmwareVerbs, &kConfigurationVerbs, &kKeyEditorVerbs, &kManagerVerbs,
 };
 
 // The handlers bound to the verb; the one found is handed back.
@@ -56,29 +56,50 @@ bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command)
     return ok;
 }
 
+// The script being run: a dialog that a command opens runs the lines after
+// that command itself, while it is open (RunNextScriptLine).
+struct SCRIPTREADER {
+    std::ifstream lines;
+    const char* path;
+    int number = 0;
+    int failures = 0;
+};
+
+bool RunNextScriptLine(WORKBENCH* bench)
+{
+    SCRIPTREADER* script = bench->script;
+    std::string line;
+    if (!script || !std::getline(script->lines, line))
+        return false;
+    script->number++;
+    SCRIPTCOMMAND command;
+    std::string error;
+    if (!ParseScriptLine(line, &command, &error)) {
+        fprintf(stderr, "%s(%d): %s\n", script->path, script->number, error.c_str());
+        script->failures++;
+        return true;
+    }
+    const int number = script->number;
+    if (!RunCommand(bench, command)) {
+        fprintf(stderr, "%s(%d): command failed\n", script->path, number);
+        script->failures++;
+    }
+    return true;
+}
+
 int RunScript(WORKBENCH* bench, const char* path)
 {
-    std::ifstream script(path, std::ios::binary);
-    if (!script) {
+    SCRIPTREADER script;
+    script.lines.open(path, std::ios::binary);
+    script.path = path;
+    if (!script.lines) {
         fprintf(stderr, "workbench: cannot read the script %s\n", path);
         return 1;
     }
-    int failures = 0;
-    int number = 0;
-    std::string line;
-    while (std::getline(script, line)) {
-        number++;
-        SCRIPTCOMMAND command;
-        std::string error;
-        if (!ParseScriptLine(line, &command, &error)) {
-            fprintf(stderr, "%s(%d): %s\n", path, number, error.c_str());
-            failures++;
-            continue;
-        }
-        if (!RunCommand(bench, command)) {
-            fprintf(stderr, "%s(%d): command failed\n", path, number);
-            failures++;
-        }
+    SCRIPTREADER* outer = bench->script;
+    bench->script = &script;
+    while (RunNextScriptLine(bench)) {
     }
-    return failures;
+    bench->script = outer;
+    return script.failures;
 }

@@ -32,6 +32,7 @@ enum {
     IDM_DEVICE_CONTROLPANEL,
     IDM_ABOUT,
     IDM_DEVICE_FAULT = 200,  // + fault word 1 .. 10
+    IDM_ADDCONSOLES = 300,   // + the console type's index
 };
 
 struct FRAME {
@@ -67,6 +68,11 @@ HMENU BuildMenu()
     AppendMenuA(device, MF_STRING, IDM_DEVICE_CONFIGURATION, "Open &configuration");
     AppendMenuA(device, MF_STRING, IDM_DEVICE_CONSOLEVIEW, "Console &view");
     AppendMenuA(device, MF_STRING, IDM_DEVICE_CONTROLPANEL, "Control &panel");
+    AppendMenuA(device, MF_SEPARATOR, 0, NULL);
+    HMENU types = CreatePopupMenu();
+    for (int i = 0; i < 4; i++)
+        AppendMenuA(types, MF_STRING, IDM_ADDCONSOLES + i, kAddConsoleTypes[i]);
+    AppendMenuA(device, MF_POPUP, (UINT_PTR)types, "&Add consoles...");
     HMENU help = CreatePopupMenu();
     AppendMenuA(help, MF_STRING, IDM_ABOUT, "&About...");
     HMENU bar = CreateMenu();
@@ -218,7 +224,9 @@ void Frame_Command(HWND hwnd, FRAME* frame, int id)
         break;
     }
     default:
-        if (id >= IDM_DEVICE_ON)
+        if (id >= IDM_ADDCONSOLES && id < IDM_ADDCONSOLES + 4)
+            AddConsoles(bench, kAddConsoleTypes[id - IDM_ADDCONSOLES]);
+        else if (id >= IDM_DEVICE_ON)
             Frame_Device(hwnd, bench, id);
         break;
     }

@@ -55,6 +55,9 @@ const PLACEHOLDER kPlaceholders[] = {
     {"add|remove", ARG_CHOICE, &SCRIPTCOMMAND::text, nullptr, 0, 0},
     {"configuration|supervision", ARG_CHOICE, &SCRIPTCOMMAND::text, nullptr, 0, 0},
     {"CONSOLE", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"TYPE", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"FIELD", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"CONTROLLER", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
     {"N|side|buttons", ARG_CHOICE, &SCRIPTCOMMAND::text, &SCRIPTCOMMAND::code, INT_MIN, INT_MAX},
     {"FUNCTION", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
     {"CONTROL", ARG_NUMBER, nullptr, &SCRIPTCOMMAND::code, 1, 0xFFFF},  // a dialog control's id

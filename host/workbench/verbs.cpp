@@ -63,6 +63,14 @@ const SCRIPTVERBROW kVerbs[] = {
      "drags the key-function tree's FUNCTION (a node's first word or its id) onto key KEY of the configuration window"},
     {SCRIPT_PICK, "pick", "OBJ CONTROL VALUE",
      "sets control CONTROL of the key page as a user would (a list's item, a text, 1 or 0, a number; \"...\": the picker's entry, - cancels)"},
+    {SCRIPT_ADDCONSOLES, "addconsoles", "TYPE",
+     "opens the add-consoles dialog for TYPE; the lines after it drive the dialog until it closes"},
+    {SCRIPT_DIALOG, "dialog", "FIELD VALUE",
+     "the add-consoles dialog: target, count, start or extensions takes VALUE; show prints it; ok, cancel press the buttons"},
+    {SCRIPT_TREE, "tree", "OBJ", "prints the manager tree of OBJ's configuration window, TEXT = OBJECT an item"},
+    {SCRIPT_TREESELECT, "treeselect", "OBJ ITEM", "clicks the manager tree's item ITEM (its text or its object)"},
+    {SCRIPT_MOVE, "move", "OBJ CONTROLLER", "drags console OBJ's item in its manager tree onto CONTROLLER"},
+    {SCRIPT_MERGE, "merge", "FILE", "loads a design file into the open design: its objects are added"},
     {SCRIPT_HELP, "help", "", "prints every command with its arguments and what it does"},
 };
 

@@ -23,6 +23,8 @@ struct WIDGETPAGE {
     HWND window = NULL;
 };
 
+struct SCRIPTREADER;
+
 struct WORKBENCH {
     HMODULE plugin = NULL;
     PLUGINCALLBACK callback = nullptr;
@@ -36,6 +38,7 @@ struct WORKBENCH {
     std::map<std::string, std::unique_ptr<WIDGETPAGE>> pages;  // by object name
     std::map<std::string, HWND> consoleViews;                  // frames of console views, by object name
     std::map<std::string, HWND> controlPanels;                 // the consoles' control panels, by object name
+    SCRIPTREADER* script = nullptr;                            // the script being run, if any
 };
 
 // Console views in frames of their own (consoleviews.cpp).
@@ -101,6 +104,7 @@ extern const VERBHANDLERS kKeyEditorVerbs;     // keyeditorverbs.cpp
 // opens ("select OBJ KEY"), the page printed ("page OBJ").
 bool SelectEditorKey(const std::string& object, int key);
 bool PrintEditorPage(const std::string& object);
+extern const VERBHANDLERS kManagerVerbs;      // managerverbs.cpp: the system manager's dialog and tree
 
 // Whether every verb has exactly one handler; names those that do not on stderr.
 bool CheckVerbHandlers();
@@ -108,6 +112,13 @@ bool CheckVerbHandlers();
 bool RunCommand(WORKBENCH* bench, const SCRIPTCOMMAND& command);
 // Runs a script file; returns the number of lines that failed.
 int RunScript(WORKBENCH* bench, const char* path);
+// Runs the next line of the script being run; false when there is none.
+bool RunNextScriptLine(WORKBENCH* bench);
+
+// The console types the add-consoles dialog makes (the Device menu's items).
+extern const char* const kAddConsoleTypes[4];
+// Runs the plug-in's add-consoles dialog for the type over the design.
+INT_PTR AddConsoles(WORKBENCH* bench, const char* type);
 
 // The design surface (surface.cpp).
 extern const char kSurfaceClass[];

@@ -107,7 +107,7 @@ void CreateChildren(HWND hwnd, CONFIGURATIONSTATE* state)
     state->viewButton = Child(hwnd, 0, "BUTTON", "View", WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, 238, 502, 60, 20,
                               IDC_VIEWBUTTON);
     state->managerView = Child(hwnd, WS_EX_CLIENTEDGE, "DOVRIXKVTVIEW", "KVT", WS_CHILD | WS_VISIBLE, 18, 68, 200, 350,
-                               IDC_MANAGERVIEW);
+                               IDC_MANAGERVIEW, state->console);
     state->keyFunctionView = Child(hwnd, 0, "DOVRIXKEYFUNCTIONVIEW", "KVT", WS_CHILD | WS_VISIBLE, 18, 441, 200, 276,
                                    IDC_MANAGERVIEW, state->console);
     state->tabs = Child(hwnd, WS_EX_TRANSPARENT, WC_TABCONTROLA, "",
@@ -178,6 +178,11 @@ void SelectTab(HWND hwnd, CONFIGURATIONSTATE* state, int tab)
 
 void Reinitialize(HWND hwnd, CONFIGURATIONSTATE* state, CONSOLEPROPERTIES* console)
 {
+    // A console with a window of its own stays there; the manager tree goes back to this one.
+    if (console && console != state->console && console->m_hConfiguration && console->m_hConfiguration != hwnd) {
+        SendMessageA(state->managerView, CFM_SELECTBYNAME, 0, (LPARAM)state->console->m_szName);
+        return;
+    }
     if (console && console != state->console) {
         if (state->console->m_hConfiguration == hwnd)
             state->console->m_hConfiguration = NULL;
@@ -198,6 +203,7 @@ void Reinitialize(HWND hwnd, CONFIGURATIONSTATE* state, CONSOLEPROPERTIES* conso
         state->listedConsoles = -1;
         state->shownOnline = -1;
         state->fireMonitoringEnabled = state->emergencyKeysEnabled = -1;
+        SendMessageA(state->managerView, CFM_SELECTBYNAME, 0, (LPARAM)console->m_szName);
     }
     char title[HOSTNAME_SIZE + 32];
     FormatText(title, sizeof title, "%s - Configuration", state->console->m_szName);
@@ -406,6 +412,9 @@ LRESULT Configuration_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lP
         return Configuration_Colours(state, (HDC)wParam);
     case CFM_REINITIALIZE:
         Reinitialize(hwnd, state, AsConsole(reinterpret_cast<HOSTINFO*>(lParam)));
+        return 0;
+    case CFM_CONSOLERENAMED:  // from the canvas: the manager tree shows the new name
+        SendMessageA(state->managerView, message, wParam, lParam);
         return 0;
     case CFM_SETOFFLINE:  // the canvas says offline (1) or online (0): the view designs or operates
         SendMessageA(state->consoleView, CVM_SETEDITMODE, 0, lParam ? 1 : 0);

@@ -8,6 +8,7 @@
 #include "designlines.h"
 #include "partner.h"
 #include "../console/consoleview.h"
+#include "../protocol.h"
 
 #include "../../base/banned.h"
 
@@ -104,6 +105,9 @@ int NameHandler(REQUEST* r, CONSOLEPROPERTIES* c)
         return 0;
     CopyTextN(c->m_szDisplayName, sizeof c->m_szDisplayName, TextOf(r), DISPLAYNAME_SIZE - 1);
     c->RefreshCanvas(true);
+    // The canvas hands it on to the configuration window and its manager tree.
+    if (c->m_hWnd && IsWindow(c->m_hWnd))
+        SendMessageA(c->m_hWnd, CFM_CONSOLERENAMED, 0, (LPARAM)c);
     return 1;
 }
 

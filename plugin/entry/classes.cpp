@@ -3,6 +3,7 @@
 #include "shadowfallback.h"
 #include "../device/canvas.h"
 #include "pendingwindow.h"
+#include "../manager/managerview.h"
 #include "../config/configurationdialog.h"
 #include "../controls/radiobutton.h"
 #include "../console/consoleview.h"
@@ -81,7 +82,7 @@ int RegisterRadioButton(HINSTANCE instance)
 
 int RegisterKVTView(HINSTANCE instance)
 {
-    WNDCLASSEXA wc = ClassTemplate(instance, "DOVRIXKVTVIEW", PendingWindowProc, kViewStyle,
+    WNDCLASSEXA wc = ClassTemplate(instance, "DOVRIXKVTVIEW", ManagerViewWndProc, kViewStyle,
                                    (HBRUSH)GetStockObject(NULL_BRUSH));
     if (!RegisterClassExA(&wc)) {
         Trace("RegisterKVTView failed\n");

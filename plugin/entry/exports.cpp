@@ -1,6 +1,7 @@
 #include "exports.h"
 
 #include "../firmware/extraction.h"
+#include "../manager/addconsolesdialog.h"
 #include "module.h"
 
 #include "../../base/guard.h"
@@ -9,13 +10,11 @@
 
 namespace {
 
-INT_PTR Callback(int code)
+INT_PTR Callback(int code, HOSTINFO* host, LPARAM param)
 {
     switch (code) {
     case 1:
-        // The add-consoles dialog is not built yet; -1 is a dialog's failure.
-        Trace("fnCallback 1: the add-consoles dialog is not implemented yet\n");
-        return -1;
+        return RunAddConsolesDialog(host, reinterpret_cast<const char*>(param));
     case 13:
         return (INT_PTR)BuildString();
     default:
@@ -25,9 +24,9 @@ INT_PTR Callback(int code)
 
 }  // namespace
 
-INT_PTR fnCallback(int code, HOSTINFO* /*host*/, LPARAM /*param*/)
+INT_PTR fnCallback(int code, HOSTINFO* host, LPARAM param)
 {
-    return GuardedCall<INT_PTR>("fnCallback", 0, [&] { return Callback(code); });
+    return GuardedCall<INT_PTR>("fnCallback", 0, [&] { return Callback(code, host, param); });
 }
 
 FILE* l_FileOpen(const char* folder, const char* relative, const char* mode)

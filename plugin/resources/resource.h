@@ -106,7 +106,8 @@
 #define IDB_ONLINEINDICATOR_ON 207
 #define IDB_ONLINEINDICATOR_OFF 208
 
-// The key-function editor: the tree's drag cursors and images.
+// The drag cursors of both trees (a drop is taken or refused) and the
+// key-function tree's images.
 #define IDR_CURSOR_DROP 105             // type CURSOR: a drop is taken here
 #define IDR_CURSOR_NODROP 111           // a drop is refused here
 #define IDB_KEYFUNCTIONTREE 214         // eight 16 x 16 images on magenta
@@ -182,3 +183,11 @@
 #define IDC_DESTINATION_LIST 1009
 #define IDD_LOGICPICKER 143
 #define IDC_LOGIC_LIST 1042
+
+// The add-consoles dialog ("Call Station Dialog", IDD_CALLSTATIONDIALOG).
+#define IDC_CALLSTATION_EXTENSIONS 1002
+#define IDC_CALLSTATION_TARGET 1008
+#define IDC_CALLSTATION_TARGETTEXT 1012
+#define IDC_CALLSTATION_NUMBERTEXT 1013
+#define IDC_CALLSTATION_COUNT 1018
+#define IDC_CALLSTATION_START 1020
