@@ -95,9 +95,17 @@ std::string FriendlyName(HOSTINFO* obj)
     return text;
 }
 
+// Selecting scrolls the item into view, sideways too for a long text: the
+// tree goes back to its left edge, where the texts begin.
+void ScrollToLeftEdge(HWND tree)
+{
+    SendMessageA(tree, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 0), 0);
+}
+
 void Select(MANAGERVIEW* view, HTREEITEM item)
 {
     SendMessageA(view->tree, TVM_SELECTITEM, TVGN_CARET, (LPARAM)item);
+    ScrollToLeftEdge(view->tree);
 }
 
 // ---- Filling -------------------------------------------------------------------------------
@@ -153,7 +161,7 @@ LRESULT ManagerView_Create(HWND hwnd, const CREATESTRUCTA* create)
         // The tree opens at its top when the item can be seen from there.
         SendMessageA(tree, TVM_SELECTITEM, TVGN_FIRSTVISIBLE, (LPARAM)FirstController(tree));
         SendMessageA(tree, TVM_ENSUREVISIBLE, 0, (LPARAM)item);
-        SendMessageA(tree, WM_HSCROLL, MAKEWPARAM(SB_LEFT, 0), 0);
+        ScrollToLeftEdge(tree);
     }
     view->filling = false;
     return 0;
