@@ -26,6 +26,7 @@ namespace {
 
 const char kDialogTitle[] = "Call Station Dialog";
 const UINT_PTR kDriveTimer = 0x7E58;
+const UINT kDrivePeriod = 20;
 
 struct DIALOGRUN {
     WORKBENCH* bench = nullptr;
@@ -42,8 +43,13 @@ bool DialogOpen()
 }
 
 // In the dialog's own message loop: the script's next lines, until it closes.
+// A modal dialog shows itself once its queue is empty; the timer waits for
+// that (ticking often enough to be quick, seldom enough to leave the queue
+// empty now and then).
 void CALLBACK DriveScript(HWND dialog, UINT, UINT_PTR, DWORD)
 {
+    if (!IsWindowVisible(dialog))
+        return;
     KillTimer(dialog, kDriveTimer);
     while (DialogOpen()) {
         if (!RunNextScriptLine(g_dialog->bench)) {
@@ -53,15 +59,18 @@ void CALLBACK DriveScript(HWND dialog, UINT, UINT_PTR, DWORD)
     }
 }
 
+// The dialog is known by its caption when it is made: activation would do
+// too, but a window that does not get activated (no window manager, another
+// program in front) would leave the script waiting for ever.
 LRESULT CALLBACK FindDialog(int code, WPARAM wParam, LPARAM lParam)
 {
-    if (code == HCBT_ACTIVATE && g_dialog && !g_dialog->dialog) {
-        HWND window = (HWND)wParam;
-        char title[64] = "";
-        GetWindowTextA(window, title, sizeof title);
-        if (strcmp(title, kDialogTitle) == 0) {
+    if (code == HCBT_CREATEWND && g_dialog && !g_dialog->dialog) {
+        const CBT_CREATEWNDA* created = reinterpret_cast<const CBT_CREATEWNDA*>(lParam);
+        const char* caption = created && created->lpcs ? created->lpcs->lpszName : nullptr;
+        if (caption && !IS_INTRESOURCE(caption) && strcmp(caption, kDialogTitle) == 0) {
+            HWND window = (HWND)wParam;
             g_dialog->dialog = window;
-            SetTimer(window, kDriveTimer, 1, DriveScript);
+            SetTimer(window, kDriveTimer, kDrivePeriod, DriveScript);
         }
     }
     return CallNextHookEx(g_dialog ? g_dialog->hook : NULL, code, wParam, lParam);
