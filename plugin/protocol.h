@@ -44,6 +44,8 @@ enum CONFIGURATIONMESSAGE : UINT {
 // The device canvas.
 enum CANVASMESSAGE : UINT {
     DCM_LINESLOADED = WM_USER + 30,    // posted to itself: the design file's lines are all in
+    DCM_CONTROLPANEL = WM_USER + 31,   // opens the console's control panel, or closes it when open;
+                                       // answers the panel's window when it opened, else 0
 };
 
 // The configuration window's tabs (the index kept in the console).
@@ -56,6 +58,12 @@ enum CONFIGURATIONTAB : int {
 enum KEYPAGEMESSAGE : UINT {
     KPM_KEYEDITED = WM_USER + 13,      // to the console view: lParam the key number (1037)
     KPM_BINDKEY = WM_USER + 17,        // wParam: the key number to load (1041)
+    KPM_PAGEID = WM_USER + 19,         // answers the page's dialog id, for the hosts that look
+};
+
+// The key-function tree "DOVRIXKEYFUNCTIONVIEW".
+enum KEYFUNCTIONVIEWMESSAGE : UINT {
+    KFM_SETCONSOLE = WM_USER + 12,     // lParam: the properties object; null keeps the one it has (1036)
 };
 
 // The flat radio button "CSAUTORADIOBUTTON".
@@ -88,6 +96,8 @@ enum CHILDID : int {
     IDC_PAGEBUTTON_CONSOLE = 2000,      // page buttons: 2000 + page, 2001 + slot for the extensions
     IDC_PAGEBUTTON_LAST = 2005,
     IDC_CONFIGURATION_UPDATE = 6063,    // "UPDATE"
+    IDC_KEYFUNCTIONTREE = 1004,         // the key-function view's tree control
+    IDC_KEYPAGE = 1005,                 // the configuration window's key-function editor panel
 };
 
 // The console view's toolbar commands.

@@ -16,6 +16,29 @@ const char kModuleName[] = "DOVRIXCSTModule";
 const char kAddAlarmId[] = "Matrix.AddAlarmID";
 const char kRemoveAlarmId[] = "Matrix.RemoveAlarmID";
 
+// The system's lists: the design keyword that gives a list, and the variable
+// a console's editor reads it by. Saved in this order.
+struct SYSTEMLIST {
+    const char* keyword;
+    const char* variable;
+};
+const SYSTEMLIST kSystemLists[] = {
+    {"zones", "Matrix.SystemZones"},
+    {"groups", "Matrix.SystemGroups"},
+    {"messages", "MM2Messages"},
+    {"inputs", "Matrix.ListOfInputs"},
+    {"logic", "TE.ListOfValues"},
+    {"conditions", "Pagings.VCondition.List"},
+};
+
+const SYSTEMLIST* SystemListByKeyword(const std::string& keyword)
+{
+    for (const SYSTEMLIST& list : kSystemLists)
+        if (keyword == list.keyword)
+            return &list;
+    return nullptr;
+}
+
 // What a variable name stands for on this controller: one of its own stored
 // values (field), a value it derives, a port's slot, or a device variable.
 struct VARIABLE {
@@ -290,6 +313,30 @@ bool CONTROLLER::Simulate(const std::string& variable, int value)
     return WriteVariable(v, value);
 }
 
+// A list the design gave is known (and read as text); one it did not give is
+// no variable of this controller, so the editor shows nothing.
+LRESULT CONTROLLER::ListRequest(REQUEST* r, const std::string& name)
+{
+    const SYSTEMLIST* found = nullptr;
+    for (const SYSTEMLIST& list : kSystemLists)
+        if (name == list.variable)
+            found = &list;
+    if (!found)
+        return -1;
+    const auto given = lists.find(found->keyword);
+    if (given == lists.end()) {
+        r->index = 0;
+        return 0;
+    }
+    r->index = 1;
+    if (r->operation == REQ_LOOKUP)
+        return 1;
+    if (r->operation != REQ_READ || r->type != REQTYPE_TEXT || !r->value)
+        return 0;
+    CopyText(static_cast<char*>(r->value), REQUEST_TEXT_SIZE, given->second.c_str());
+    return 1;
+}
+
 // "CONSOLE.keyNNN": the key records a connected console sends its device.
 LRESULT CONTROLLER::KeyRecordRequest(REQUEST* r, const std::string& name)
 {
@@ -328,6 +375,9 @@ LRESULT CONTROLLER::OnMessage(WPARAM wParam, LPARAM lParam)
     const LRESULT keyRecord = KeyRecordRequest(r, name);
     if (keyRecord >= 0)
         return keyRecord;
+    const LRESULT list = ListRequest(r, name);
+    if (list >= 0)
+        return list;
     const VARIABLE v = Resolve(this, name);
     if (r->operation == REQ_LOOKUP) {
         r->index = v.kind == VARIABLE::NONE ? 0 : 1;
@@ -426,6 +476,9 @@ LRESULT CONTROLLER::OnLoad(WPARAM, LPARAM lParam)
     } else if (keyword == "password") {
         password = value;
         ok = true;
+    } else if (SystemListByKeyword(keyword)) {
+        lists[keyword] = value;
+        ok = true;
     } else if (keyword.size() == 6 && keyword.compare(0, 3, "key") == 0) {
         ok = PressKey(keyword, value);
     } else if (keyword == "device") {
@@ -494,6 +547,11 @@ LRESULT CONTROLLER::OnSave(WPARAM pass, LPARAM lParam)
     WriteLine(file, name + "*localSource=" + std::to_string(localSource) + "\r\n");
     if (password != "ZEL4000")
         WriteLine(file, name + "*password=" + password + "\r\n");
+    for (const SYSTEMLIST& list : kSystemLists) {
+        const auto given = lists.find(list.keyword);
+        if (given != lists.end())
+            WriteLine(file, name + "*" + list.keyword + "=" + given->second + "\r\n");
+    }
     for (const auto& device : devices) {
         const std::string state = device.second.StateText();
         if (!state.empty())

@@ -48,6 +48,9 @@ public:
     bool Simulate(const std::string& variable, int value);
     // A key of the consoles behind the console module goes down or up.
     bool PressKey(const std::string& keyword, const std::string& value);
+    // The lists the controller offers the consoles' editor ("Matrix.SystemZones"
+    // ...), read as text; -1 when the name is not one of them.
+    LRESULT ListRequest(REQUEST* r, const std::string& name);
     // The firmware-update variables of the controller.
     LRESULT UploadRequest(REQUEST* r, const std::string& name);
     // Brings the upload's states up to the host's time.
@@ -61,6 +64,9 @@ public:
     std::map<std::string, SIMDEVICE> devices;  // by console object name
     CONSOLEMODULE module;
     std::string password = "ZEL4000";  // the firmware-update password
+    // The system's lists by their design keyword ("zones" ...), as the design
+    // gave them: comma-separated items, messages as "NAME|NUMBER".
+    std::map<std::string, std::string> lists;
     struct {
         bool active = false;
         bool refused = false;  // a wrong password or a missing file

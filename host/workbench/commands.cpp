@@ -12,7 +12,8 @@
 namespace {
 
 const VERBHANDLERS* const kHandlerTables[] = {
-    &kInspectVerbs, &kInputVerbs, &kSimulationVerbs, &kPictureVerbs, &kConsoleViewVerbs, &kFirmwareVerbs, &kConfigurationVerbs,
+    &kInspectVerbs, &kInputVerbs, &kSimulationVerbs, &kPictureVerbs, &kConsoleViewVerbs, &kPanelVerbs,
+    &kFirmwareVerbs, &kConfigurationVerbs, &kKeyEditorVerbs,
 };
 
 // The handlers bound to the verb; the one found is handed back.

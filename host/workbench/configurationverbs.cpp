@@ -32,11 +32,12 @@ bool ClassIs(HWND window, const char* name)
     return strcmp(className, name) == 0;
 }
 
-// The Supervision page: the window's child dialog.
+// The Supervision page: the window's child dialog with the lamps (the key
+// page is a child dialog too).
 HWND SupervisionPage(HWND window)
 {
     for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        if (ClassIs(child, "#32770"))
+        if (ClassIs(child, "#32770") && GetDlgItem(child, IDC_DIAG_COMBINEDLAMP))
             return child;
     return NULL;
 }

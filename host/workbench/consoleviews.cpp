@@ -38,8 +38,24 @@ HWND ViewIn(HWND frame)
     return frame && IsWindow(frame) ? GetDlgItem(frame, kViewId) : NULL;
 }
 
+const char kPanelPrefix[] = "panel:";
+
+bool NamesPanel(const std::string& name)
+{
+    return name.rfind(kPanelPrefix, 0) == 0;
+}
+
+// "panel:OBJ" is the console's control panel, which takes the mouse as the
+// view does; anything else is the console's view.
 HWND FindView(WORKBENCH* bench, const std::string& name)
 {
+    if (NamesPanel(name)) {
+        const std::string console = name.substr(sizeof kPanelPrefix - 1);
+        HWND panel = ControlPanelOf(bench, console);
+        if (!panel)
+            fprintf(stderr, "workbench: %s has no control panel open (panel %s)\n", console.c_str(), console.c_str());
+        return panel;
+    }
     auto found = bench->consoleViews.find(name);
     HWND view = found == bench->consoleViews.end() ? NULL : ViewIn(found->second);
     if (!view)
@@ -319,9 +335,27 @@ bool Extension(WORKBENCH* bench, const SCRIPTCOMMAND& command)
     return true;
 }
 
+// The control panel's pages are its layouts: 0 side by side, 1 with page
+// buttons, 2 the extensions alone.
+bool ChoosePanelPage(HWND panel, const SCRIPTCOMMAND& command)
+{
+    const int page = command.text == "side" ? 0 : command.text == "buttons" ? 1 : command.code;
+    if (page < 0 || page > 2) {
+        fprintf(stderr, "workbench: the control panel has pages 0 to 2\n");
+        return false;
+    }
+    SendMessageA(panel, CVM_SETPAGE, 0, page);
+    PumpMessagesFor(50);
+    return true;
+}
+
 bool Page(WORKBENCH* bench, const SCRIPTCOMMAND& command)
 {
+    if (command.text.empty())
+        return PrintEditorPage(command.object);
     HWND view = FindView(bench, command.object);
+    if (view && NamesPanel(command.object))
+        return ChoosePanelPage(view, command);
     return view && ChoosePage(view, command);
 }
 

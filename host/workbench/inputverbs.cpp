@@ -25,6 +25,8 @@ bool Save(WORKBENCH* bench, const SCRIPTCOMMAND& command)
 
 bool Select(WORKBENCH* bench, const SCRIPTCOMMAND& command)
 {
+    if (!command.text.empty())
+        return SelectEditorKey(command.object, command.key);
     HOSTINFO* obj = FindWindowedObject(command.object);
     if (!obj)
         return false;

@@ -29,6 +29,7 @@ enum {
     IDM_DEVICE_CLEARFAULTS,
     IDM_DEVICE_CONFIGURATION,
     IDM_DEVICE_CONSOLEVIEW,
+    IDM_DEVICE_CONTROLPANEL,
     IDM_ABOUT,
     IDM_DEVICE_FAULT = 200,  // + fault word 1 .. 10
 };
@@ -65,6 +66,7 @@ HMENU BuildMenu()
     AppendMenuA(device, MF_SEPARATOR, 0, NULL);
     AppendMenuA(device, MF_STRING, IDM_DEVICE_CONFIGURATION, "Open &configuration");
     AppendMenuA(device, MF_STRING, IDM_DEVICE_CONSOLEVIEW, "Console &view");
+    AppendMenuA(device, MF_STRING, IDM_DEVICE_CONTROLPANEL, "Control &panel");
     HMENU help = CreatePopupMenu();
     AppendMenuA(help, MF_STRING, IDM_ABOUT, "&About...");
     HMENU bar = CreateMenu();
@@ -167,6 +169,8 @@ void Frame_Device(HWND hwnd, WORKBENCH* bench, int id)
         SendMessageA(console->m_hWnd, WM_HOST_CONTEXTCOMMAND, 0, 1);
     } else if (id == IDM_DEVICE_CONSOLEVIEW) {
         OpenConsoleView(bench, console->m_szName);
+    } else if (id == IDM_DEVICE_CONTROLPANEL) {
+        ToggleControlPanel(bench, console->m_szName);
     } else {
         const int word = id - IDM_DEVICE_FAULT;
         ok = SimulateDevice(console->m_szName, ("Faults" + std::to_string(word)).c_str(), 1) != FALSE;

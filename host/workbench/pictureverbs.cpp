@@ -1,6 +1,6 @@
 // The verbs that write pictures: the screen under the workbench, or a window
 // as it draws itself (the surface, a canvas, a configuration window, a
-// console view, a widget page).
+// console view, a control panel, a widget page).
 #include "workbench.h"
 
 #include <stdio.h>
@@ -28,6 +28,12 @@ bool Picture(WORKBENCH* bench, const SCRIPTCOMMAND& command)
             frame = OpenConsoleView(bench, target.substr(5));
         SIZE used = {};
         return frame && ConsoleViewExtent(frame, &used) && SaveWindowPicture(frame, path, &used);
+    }
+    if (target.rfind("panel:", 0) == 0) {
+        HWND panel = ControlPanelOf(bench, target.substr(6));
+        if (!panel)
+            panel = ToggleControlPanel(bench, target.substr(6));
+        return panel && SaveWindowPicture(panel, path);
     }
     if (target.rfind("page:", 0) == 0) {
         WIDGETPAGE* page = OpenWidgetPage(bench, target.substr(5));

@@ -56,6 +56,10 @@ const PLACEHOLDER kPlaceholders[] = {
     {"configuration|supervision", ARG_CHOICE, &SCRIPTCOMMAND::text, nullptr, 0, 0},
     {"CONSOLE", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
     {"N|side|buttons", ARG_CHOICE, &SCRIPTCOMMAND::text, &SCRIPTCOMMAND::code, INT_MIN, INT_MAX},
+    {"FUNCTION", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"CONTROL", ARG_NUMBER, nullptr, &SCRIPTCOMMAND::code, 1, 0xFFFF},  // a dialog control's id
+    {"[KEY]", ARG_NUMBER, &SCRIPTCOMMAND::text, &SCRIPTCOMMAND::key, 0, 127},
+    {"[N|side|buttons]", ARG_CHOICE, &SCRIPTCOMMAND::text, &SCRIPTCOMMAND::code, INT_MIN, INT_MAX},
     {"OBJ*KEYWORD=VALUE", ARG_DESIGNLINE, &SCRIPTCOMMAND::text, nullptr, 0, 0},
     {"VARIABLE=VALUE", ARG_ASSIGNMENT, &SCRIPTCOMMAND::text, &SCRIPTCOMMAND::value, INT_MIN, INT_MAX},
 };
@@ -178,7 +182,9 @@ bool SplitArguments(const std::string& rest, const std::vector<const PLACEHOLDER
 // An upper-case alternative of a choice stands for a number.
 bool ReadChoice(const PLACEHOLDER& placeholder, const std::string& word, SCRIPTCOMMAND* command)
 {
-    const std::string alternatives = placeholder.name;
+    std::string alternatives = placeholder.name;
+    if (Optional(placeholder))
+        alternatives = alternatives.substr(1, alternatives.size() - 2);
     size_t at = 0;
     while (at <= alternatives.size()) {
         const size_t bar = alternatives.find('|', at);
@@ -207,6 +213,8 @@ bool ReadArgument(const PLACEHOLDER& placeholder, const std::string& text, SCRIP
 {
     if (placeholder.text)
         command->*placeholder.text = text;
+    if (text.empty() && Optional(placeholder))
+        return true;
     switch (placeholder.kind) {
     case ARG_WORD:
     case ARG_REST:

@@ -48,22 +48,26 @@ enum SCRIPTVERB {
     SCRIPT_CHOOSE,
     SCRIPT_CLOSE,
     SCRIPT_IDLE,
+    SCRIPT_PANEL,
+    SCRIPT_DROP,
+    SCRIPT_PICK,
     SCRIPT_VERB_COUNT  // not a verb: the number of them, SCRIPT_NOTHING included
 };
 
 struct SCRIPTCOMMAND {
     SCRIPTVERB verb = SCRIPT_NOTHING;
     std::string object;   // get, online, fault, device, list, tooltip, menu, open, delete; shot: the target
-    std::string typed;    // edit: the value typed
+    std::string typed;    // edit, pick: the value typed
     std::string text;     // set: the whole design line; get, edit: the keyword; save, screenshot: the
                           // file; device: the variable; rclick: the item; label: the text;
                           // extension: add or remove; page: N, side or buttons;
-                          // tab: configuration or supervision; choose: the console
-    int code = 0;         // callback: the code; fault: the fault word; tick: milliseconds; drag: DX;
+                          // tab: configuration or supervision; choose: the console;
+                          // drop: the function; select: the key as given (empty: none)
+    int code = 0;         // pick: the control; callback: the code; fault: the fault word; tick: milliseconds; drag: DX;
                           // leds: the first LED's mode
     int value = 0;        // online, fault, design: 1 or 0; device: the value; drag: DY; leds: the
                           // second LED's mode
-    int key = 0;          // press, release, rclick, label, leds: the key id
+    int key = 0;          // press, release, rclick, label, leds, drop, select: the key id
 };
 
 // Parses one line; false with a message in error when it is malformed.

@@ -35,6 +35,7 @@ struct WORKBENCH {
     std::string designPath;   // the file the design was read from or saved to
     std::map<std::string, std::unique_ptr<WIDGETPAGE>> pages;  // by object name
     std::map<std::string, HWND> consoleViews;                  // frames of console views, by object name
+    std::map<std::string, HWND> controlPanels;                 // the consoles' control panels, by object name
 };
 
 // Console views in frames of their own (consoleviews.cpp).
@@ -43,6 +44,11 @@ HWND ConsoleViewFrame(WORKBENCH* bench, const std::string& name);
 // The part of a frame that the toolbar and the view take, with a margin.
 bool ConsoleViewExtent(HWND frame, SIZE* size);
 void SetConsoleViewsEditMode(WORKBENCH* bench, bool designing);
+
+// Control panels (panelverbs.cpp): the canvas opens or closes one when asked;
+// the panel of a console while it is open, else null.
+HWND ToggleControlPanel(WORKBENCH* bench, const std::string& name);
+HWND ControlPanelOf(WORKBENCH* bench, const std::string& name);
 
 // A window class of the workbench with the host's face colour (registered once).
 bool RegisterFaceClass(const char* name, WNDPROC procedure);
@@ -87,8 +93,14 @@ extern const VERBHANDLERS kInputVerbs;        // inputverbs.cpp: what a user doe
 extern const VERBHANDLERS kSimulationVerbs;   // simulationverbs.cpp: the simulated devices and the clock
 extern const VERBHANDLERS kPictureVerbs;      // pictureverbs.cpp
 extern const VERBHANDLERS kConsoleViewVerbs;  // consoleviews.cpp
+extern const VERBHANDLERS kPanelVerbs;        // panelverbs.cpp
 extern const VERBHANDLERS kFirmwareVerbs;     // firmwarecommand.cpp
 extern const VERBHANDLERS kConfigurationVerbs; // configurationverbs.cpp
+extern const VERBHANDLERS kKeyEditorVerbs;     // keyeditorverbs.cpp
+// The key editor of a configuration window: a key clicked so that its page
+// opens ("select OBJ KEY"), the page printed ("page OBJ").
+bool SelectEditorKey(const std::string& object, int key);
+bool PrintEditorPage(const std::string& object);
 
 // Whether every verb has exactly one handler; names those that do not on stderr.
 bool CheckVerbHandlers();

@@ -109,7 +109,7 @@ void CreateChildren(HWND hwnd, CONFIGURATIONSTATE* state)
     state->managerView = Child(hwnd, WS_EX_CLIENTEDGE, "DOVRIXKVTVIEW", "KVT", WS_CHILD | WS_VISIBLE, 18, 68, 200, 350,
                                IDC_MANAGERVIEW);
     state->keyFunctionView = Child(hwnd, 0, "DOVRIXKEYFUNCTIONVIEW", "KVT", WS_CHILD | WS_VISIBLE, 18, 441, 200, 276,
-                                   IDC_MANAGERVIEW);
+                                   IDC_MANAGERVIEW, state->console);
     state->tabs = Child(hwnd, WS_EX_TRANSPARENT, WC_TABCONTROLA, "",
                         WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TCS_OWNERDRAWFIXED | TCS_FIXEDWIDTH, 18, 26,
                         client.right - 36, 22, IDC_TABSTRIP);
@@ -166,6 +166,7 @@ void SelectTab(HWND hwnd, CONFIGURATIONSTATE* state, int tab)
     ShowWindow(state->managerView, views);
     ShowWindow(state->keyFunctionView, views);
     ShowWindow(state->consoleView, views);
+    ShowWindow(state->keyPage, views);
     ShowColumn(state, !supervision);
     ShowWindow(state->update, views);
     ShowWindow(state->viewButton, supervision || IsKeypad(c) ? SW_HIDE : SW_SHOW);
@@ -189,6 +190,8 @@ void Reinitialize(HWND hwnd, CONFIGURATIONSTATE* state, CONSOLEPROPERTIES* conso
         CreateConsoleView(hwnd, state);
         if (console->m_configurationTab == TAB_SUPERVISION)
             ShowWindow(state->consoleView, SW_HIDE);
+        SendMessageA(state->keyFunctionView, KFM_SETCONSOLE, 0, (LPARAM)console);
+        RebuildKeyPanel(hwnd, state);
         BindPage(state->widgets.get(), console->m_szName);
         if (state->diagnostics)
             SendMessageA(state->diagnostics, CFM_REINITIALIZE, 0, (LPARAM)console);
@@ -204,13 +207,11 @@ void Reinitialize(HWND hwnd, CONFIGURATIONSTATE* state, CONSOLEPROPERTIES* conso
 
 // ---- The tick ----------------------------------------------------------------------------
 
-void Tick(CONFIGURATIONSTATE* state)
+void Tick(HWND hwnd, CONFIGURATIONSTATE* state)
 {
     GreyDependentOptions(state);
     PlaceConsoleView(state);
-    // The key-function editor panel follows the key being changed; its
-    // pages come with the key-function editor.
-    state->rebuildNoted = false;
+    FollowKeyChange(hwnd, state);
     const int online = state->console->IsOnline() ? 1 : 0;
     if (online != state->shownOnline) {
         state->shownOnline = online;
@@ -251,8 +252,9 @@ LRESULT Configuration_Create(HWND hwnd, const CREATESTRUCTA* create)
     SetFont(state->update, "MS Sans Serif,8");
     BindPage(state->widgets.get(), console->m_szName);
     Reinitialize(hwnd, state, nullptr);
+    RebuildKeyPanel(hwnd, state);
     SelectTab(hwnd, state, console->m_configurationTab);
-    Tick(state);
+    Tick(hwnd, state);
     SetTimer(hwnd, TIMER_POLL, kTickPeriod, NULL);
     return 0;
 }
@@ -390,7 +392,7 @@ LRESULT Configuration_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lP
         return 0;
     case WM_TIMER:
         if (wParam == TIMER_POLL)
-            Tick(state);
+            Tick(hwnd, state);
         return 0;
     case WM_COMMAND:
         Configuration_Command(hwnd, state, wParam);

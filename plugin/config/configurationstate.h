@@ -33,6 +33,8 @@ struct CONFIGURATIONSTATE {
     int listedConsoles = -1;     // the selector's count at the last tick
     DWORD lampStamp = 0;         // when the Supervision page last had its lamps refreshed
     bool rebuildNoted = false;
+    HWND keyPage = NULL;         // the key-function editor panel
+    int keyPageKey = -1;         // the key it edits
 };
 
 // The column (configurationcolumn.cpp).
@@ -42,3 +44,7 @@ void GreyDependentOptions(CONFIGURATIONSTATE* state);
 void RefreshSelector(CONFIGURATIONSTATE* state);
 // Shows or hides every widget of the column but the online indicator's.
 void ShowColumn(CONFIGURATIONSTATE* state, bool show);
+
+// The key-function editor panel (keypanel.cpp).
+void RebuildKeyPanel(HWND hwnd, CONFIGURATIONSTATE* state);
+void FollowKeyChange(HWND hwnd, CONFIGURATIONSTATE* state);

@@ -1,6 +1,6 @@
-// The console view's layout: which keys, marks and boxes stand where for the
-// page shown, the header controls above the keys, the page buttons and the
-// toolbar, and the sizes of the view and its frame.
+// The layout of the console view and the control panel: which keys, marks and
+// boxes stand where for the page shown, the header controls above the keys,
+// the page buttons and the toolbar, and the sizes of the window and its frame.
 #include "viewstate.h"
 
 #include <commctrl.h>
@@ -66,12 +66,14 @@ void AddLabels(CONSOLEVIEW* view, const std::vector<CONSOLEKEYLABEL>& labels)
     }
 }
 
+// Label boxes belong to designing: the panel shows none.
 void AddConsoleFace(CONSOLEVIEW* view)
 {
     const int type = ConsoleType(view);
     AddKeys(view, ConsoleKeys(type));
     AddLeds(view, ConsoleLeds(type));
-    AddLabels(view, ConsoleKeyLabels(type));
+    if (view->kind->designs)
+        AddLabels(view, ConsoleKeyLabels(type));
 }
 
 void AddStrip(CONSOLEVIEW* view, int slot, int position)
@@ -79,12 +81,30 @@ void AddStrip(CONSOLEVIEW* view, int slot, int position)
     const int type = ConsoleType(view);
     AddKeys(view, ExtensionKeys(type, slot, position));
     AddLeds(view, ExtensionLeds(type, slot, position));
-    AddLabels(view, ExtensionKeyLabels(type, slot, position));
+    if (view->kind->designs)
+        AddLabels(view, ExtensionKeyLabels(type, slot, position));
     view->stripCount++;
 }
 
+void AddEveryStrip(CONSOLEVIEW* view)
+{
+    const uint8_t* slots = view->console->m_settings.extensionSlots;
+    int position = 0;
+    for (int slot = 0; slot < EXTENSION_SLOT_COUNT; slot++)
+        if (slots[slot])
+            AddStrip(view, slot, position++);
+}
+
+// The header stands on the console's picture: a page without it hides the
+// header. The panel's two host controls show whenever the picture does.
 void ShowHeader(CONSOLEVIEW* view)
 {
+    if (!view->showConsole || !view->kind->viewHeader) {
+        for (HWND control : view->header)
+            if (control)
+                ShowWindow(control, view->showConsole ? SW_SHOW : SW_HIDE);
+        return;
+    }
     const bool zel = NameHasZel(view);
     for (int i = HEADER_ONLINE; i <= HEADER_FIND; i++)
         if (view->header[i])
@@ -97,16 +117,22 @@ void ShowHeader(CONSOLEVIEW* view)
     }
 }
 
-void SizeFrame(HWND hwnd, int frameWidth, int stripWidth, int viewWidth)
+// A top-level window (the control panel) has no frame to size: its owner is
+// the host's own window, which keeps its size.
+void SizeFrame(HWND hwnd, const CONSOLEVIEW* view, const PAGESIZES& sizes)
 {
-    HWND parent = GetParent(hwnd);
-    if (!parent)
-        return;
-    if (!IsZoomed(parent))
-        SetWindowPos(parent, NULL, 0, 0, frameWidth, 800, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    if (HWND strip = GetDlgItem(parent, IDC_TABSTRIP))
-        SetWindowPos(strip, NULL, 0, 0, stripWidth, 22, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    SetWindowPos(hwnd, NULL, 18, 26, viewWidth, 435, SWP_NOZORDER | SWP_NOACTIVATE);
+    HWND parent = GetAncestor(hwnd, GA_PARENT);
+    if (parent && parent != GetDesktopWindow()) {
+        if (!IsZoomed(parent))
+            SetWindowPos(parent, NULL, 0, 0, sizes.frameWidth, 800, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        if (HWND strip = GetDlgItem(parent, IDC_TABSTRIP))
+            SetWindowPos(strip, NULL, 0, 0, sizes.stripWidth, 22, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    if (view->kind->movesIntoFrame)
+        SetWindowPos(hwnd, NULL, 18, 26, sizes.window.width, sizes.window.height, SWP_NOZORDER | SWP_NOACTIVATE);
+    else
+        SetWindowPos(hwnd, NULL, 0, 0, sizes.window.width, sizes.window.height,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void DestroyPageButtons(CONSOLEVIEW* view)
@@ -121,9 +147,10 @@ void CreatePageButtons(HWND hwnd, CONSOLEVIEW* view)
 {
     DestroyPageButtons(view);
     HFONT font = a_GetFont("MS Sans Serif,8");
+    const VIEWKIND* kind = view->kind;
     for (const PAGEBUTTON& page : PageButtons(view->console->m_settings.extensionSlots)) {
-        const DWORD style = page.id == IDC_PAGEBUTTON_CONSOLE ? 0x54020000 : 0x50000000;
-        HWND button = CreateWindowExA(WS_EX_TRANSPARENT, "CSAUTORADIOBUTTON", page.text.c_str(), style, 0, page.y, kPageButtonWidth,
+        const DWORD style = page.id == IDC_PAGEBUTTON_CONSOLE ? kind->consoleButtonStyle : kind->extensionButtonStyle;
+        HWND button = CreateWindowExA(WS_EX_TRANSPARENT, kind->pageButtonClass, page.text.c_str(), style, 0, page.y, kPageButtonWidth,
                                       30, hwnd, (HMENU)(INT_PTR)page.id, ModuleInstance(),
                                       NULL);
         if (!button)
@@ -144,7 +171,8 @@ void SetScrollRange(HWND hwnd, CONSOLEVIEW* view)
         ShowScrollBar(hwnd, SB_HORZ, FALSE);
         return;
     }
-    SCROLLINFO info = {sizeof info, SIF_RANGE | SIF_PAGE | SIF_POS, 0, EXTENSION_STRIP_WIDTH * extensions + 523, 525, 0, 0};
+    const UINT stays = view->kind->scrollBarStays ? SIF_DISABLENOSCROLL : 0;
+    SCROLLINFO info = {sizeof info, SIF_RANGE | SIF_PAGE | SIF_POS | stays, 0, SideBySideScrollMaximum(extensions), 525, 0, 0};
     ShowScrollBar(hwnd, SB_HORZ, TRUE);
     SetScrollInfo(hwnd, SB_HORZ, &info, TRUE);
 }
@@ -154,8 +182,9 @@ void SetScrollRange(HWND hwnd, CONSOLEVIEW* view)
 void PlaceHeader(CONSOLEVIEW* view)
 {
     static const POINT kOrigins[] = {{179, 142}, {72, 142}, {72, 179}, {69, 171}};
-    const int dx = view->frame.rightOffset - view->frame.leftMargin + view->keyOffsetX;
-    const int dy = view->frame.bottomOffset - view->frame.topMargin;
+    const bool margins = view->kind->viewHeader;
+    const int dx = (margins ? view->frame.rightOffset - view->frame.leftMargin : 0) + view->keyOffsetX;
+    const int dy = margins ? view->frame.bottomOffset - view->frame.topMargin : 0;
     for (int i = 0; i < 4; i++)
         if (view->header[i])
             SetWindowPos(view->header[i], NULL, kOrigins[i].x + dx, kOrigins[i].y + dy, 0, 0,
@@ -171,6 +200,15 @@ void PlaceToolbar(CONSOLEVIEW* view, bool besidePageButtons)
         return;
     SendMessageA(view->toolbar, TB_AUTOSIZE, 0, 0);
     SetWindowPos(view->toolbar, HWND_TOP, besidePageButtons ? kPageButtonWidth : 0, 0, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+// The picture and margins of the type; the panel shows the operator's front.
+void ChooseFrame(CONSOLEVIEW* view)
+{
+    const int type = ConsoleType(view);
+    view->frame = PictureFrameOf(type);
+    if (view->kind->frontPicture)
+        view->frame.picture = ControlPanelPicture(type);
 }
 
 }  // namespace
@@ -250,28 +288,34 @@ void BuildViewLayout(HWND hwnd, CONSOLEVIEW* view, int page)
 {
     CloseLabelEditor(view);
     ClearViewLayout(view);
-    view->frame = PictureFrameOf(ConsoleType(view));
+    ChooseFrame(view);
+    if (page == 2 && !view->kind->extensionsPage)
+        page = 0;
     view->page = page;
     view->selectedPage = 0;
-    view->showConsole = true;
-    const uint8_t* slots = view->console->m_settings.extensionSlots;
+    view->showConsole = page != 2;
     if (page == 1) {
         view->keyOffsetX = kPageButtonShift;
         AddConsoleFace(view);
-        SizeFrame(hwnd, 1069, 1035, 555);
+        SizeFrame(hwnd, view, view->kind->withPageButtons);
         ShowScrollBar(hwnd, SB_HORZ, FALSE);
         view->scrollPosition = 0;
         CreatePageButtons(hwnd, view);
         PlaceToolbar(view, true);
+    } else if (page == 2) {
+        view->keyOffsetX = 0;
+        DestroyPageButtons(view);
+        AddEveryStrip(view);
+        const int width = ExtensionsPageWidth(view->stripCount);
+        SizeFrame(hwnd, view, PAGESIZES{width, width, {width, view->kind->sideBySide.window.height}});
+        ShowScrollBar(hwnd, SB_HORZ, FALSE);
+        view->scrollPosition = 0;
     } else {
         view->keyOffsetX = 0;
         DestroyPageButtons(view);
         AddConsoleFace(view);
-        int position = 0;
-        for (int slot = 0; slot < EXTENSION_SLOT_COUNT; slot++)
-            if (slots[slot])
-                AddStrip(view, slot, position++);
-        SizeFrame(hwnd, 1019, 985, 505);
+        AddEveryStrip(view);
+        SizeFrame(hwnd, view, view->kind->sideBySide);
         SetScrollRange(hwnd, view);
         PlaceToolbar(view, false);
     }
@@ -298,17 +342,14 @@ void ShowExtensionPage(HWND hwnd, CONSOLEVIEW* view, int page)
         view->showConsole = true;
         view->keyOffsetX = view->page == 1 ? kPageButtonShift : 0;
         AddConsoleFace(view);
-        ShowHeader(view);
     } else {
         view->showConsole = false;
         int stripX = 0, stripY = 0;
         ExtensionStripOrigin(ConsoleType(view), 0, &stripX, &stripY);
         view->keyOffsetX = kPageButtonShift + view->frame.leftMargin - stripX;
         AddStrip(view, slot, 0);
-        for (HWND header : view->header)
-            if (header)
-                ShowWindow(header, SW_HIDE);
     }
+    ShowHeader(view);
     PlaceHeader(view);
     for (HWND button : view->pageButtons)
         SendMessageA(button, BM_SETCHECK, GetDlgCtrlID(button) == IDC_PAGEBUTTON_CONSOLE + page ? BST_CHECKED : BST_UNCHECKED,
@@ -322,4 +363,28 @@ void RefreshLedModes(CONSOLEVIEW* view)
     for (auto& list : view->leds)
         for (CONSOLELED& led : list)
             led.state = (uint16_t)LedModeOf(view->console->m_ledStates[led.key & 127], led.secondary);
+}
+
+void ChoosePage(HWND hwnd, CONSOLEVIEW* view, int page, HWND button)
+{
+    if (PresentExtensions(view->console->m_settings.extensionSlots) > 0)
+        ShowExtensionPage(hwnd, view, page);
+    else
+        BuildViewLayout(hwnd, view, view->page);
+    if (button && IsWindow(button))
+        SendMessageA(button, BM_SETCHECK, BST_CHECKED, 0);
+    RefreshLedModes(view);
+    InvalidateRect(hwnd, NULL, TRUE);
+}
+
+// The page a user chose stays chosen while its extension is still there.
+void RebuildChangedConsole(HWND hwnd, CONSOLEVIEW* view)
+{
+    const int chosen = view->selectedPage;
+    ShowScrollBar(hwnd, SB_HORZ, FALSE);
+    ClearViewLayout(view);
+    ChooseFrame(view);
+    BuildViewLayout(hwnd, view, IsBoardView(ConsoleType(view)) ? 0 : view->page);
+    if (view->page == 1 && chosen > 0 && SlotOfPage(view->console->m_settings.extensionSlots, chosen) >= 0)
+        ShowExtensionPage(hwnd, view, chosen);
 }

@@ -1,5 +1,5 @@
-// Painting the console view: the pictures, every key double-buffered on its
-// own, the label boxes, the LED marks and the selection.
+// Painting the console view and the control panel: the pictures, every key
+// double-buffered on its own, the label boxes, the LED marks and the selection.
 #include "viewstate.h"
 
 #include <memory>
@@ -167,6 +167,13 @@ void DrawSelection(HDC hdc, const CONSOLEVIEW* view, int dx)
 
 }  // namespace
 
+void ValidateView(HWND hwnd)
+{
+    PAINTSTRUCT paint;
+    BeginPaint(hwnd, &paint);
+    EndPaint(hwnd, &paint);
+}
+
 void DrawView(HWND hwnd, CONSOLEVIEW* view, HDC hdc)
 {
     RECT client;
@@ -225,4 +232,22 @@ void BlinkLeds(HWND hwnd, CONSOLEVIEW* view, int phase)
             DrawLed(hdc, led, frame, -view->scrollPosition);
         }
     }
+}
+
+void RepaintChangedKey(HWND hwnd, CONSOLEVIEW* view)
+{
+    view->tipKey = NO_KEY;  // the tip names the key's new function
+    InvalidateRect(hwnd, NULL, TRUE);
+}
+
+void RepaintLeds(HWND hwnd, CONSOLEVIEW* view)
+{
+    RefreshLedModes(view);
+    BlinkLeds(hwnd, view, -1);
+}
+
+LRESULT TransparentStatic(HDC hdc)
+{
+    SetBkMode(hdc, TRANSPARENT);
+    return (LRESULT)GetStockObject(NULL_BRUSH);
 }

@@ -63,6 +63,11 @@ std::string KeyTooltip(int type, int32_t key, const char* functionName, const ch
     return FormatString(" ID:\t\t %d\n Function:\t %s", key, function);
 }
 
+std::string ControlPanelKeyTooltip(const char* label, int32_t key, const char* functionName)
+{
+    return FormatString("Key '%s' (%d)\n%s", label ? label : "", key, functionName ? functionName : "");
+}
+
 int PresentExtensions(const uint8_t slots[5])
 {
     int present = 0;

@@ -22,6 +22,8 @@ bool RefusesPastedFunction(int type, int32_t key, int32_t functionId);
 // name stands for a numeric key.
 std::string KeyTooltip(int type, int32_t key, const char* functionName, const char* buttonPin,
                        const char* primaryLedPin, const char* secondaryLedPin);
+// The control panel's tip: what the key is called, its id and its function.
+std::string ControlPanelKeyTooltip(const char* label, int32_t key, const char* functionName);
 
 int PresentExtensions(const uint8_t slots[5]);
 // Marks the first absent slot present; -1 when all five are.

@@ -12,6 +12,7 @@
 #include "handlers.h"
 #include "partner.h"
 #include "../config/configurationdialog.h"
+#include "../console/controlpanel.h"
 #include "../entry/fonts.h"
 #include "../entry/module.h"
 #include "../entry/projectversion.h"
@@ -114,6 +115,9 @@ void Canvas_Destroy(HWND hwnd, CONSOLEPROPERTIES* c)
     if (c->m_hConsoleView && IsWindow(c->m_hConsoleView))
         DestroyWindow(c->m_hConsoleView);
     c->m_hConsoleView = NULL;
+    if (c->m_hControlPanel && IsWindow(c->m_hControlPanel))
+        DestroyWindow(c->m_hControlPanel);
+    c->m_hControlPanel = NULL;
     a_DestroyChildWindows(c);
 
     if (controller) {
@@ -316,6 +320,8 @@ LRESULT Canvas_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
     case DCM_LINESLOADED:
         c->CheckAudioInputs();
         return 0;
+    case DCM_CONTROLPANEL:
+        return (LRESULT)ToggleControlPanel(c, hwnd);
     case CFM_CONSOLERENAMED:
         return c->m_hConfiguration ? SendMessageA(c->m_hConfiguration, message, wParam, lParam) : 0;
     case WM_TIMER:

@@ -79,6 +79,8 @@ void CONSOLEPROPERTIES::NotifyConsoleView(UINT message, WPARAM wParam, LPARAM lP
 {
     if (m_hConsoleView && IsWindow(m_hConsoleView))
         SendMessageA(m_hConsoleView, message, wParam, lParam);
+    if (m_hControlPanel && IsWindow(m_hControlPanel))
+        SendMessageA(m_hControlPanel, message, wParam, lParam);
 }
 
 int CONSOLEPROPERTIES::GlobalIndicatorState() const

@@ -28,7 +28,7 @@ public:
     // A change made outside OnLoad (the console view's toolbar): the design
     // is edited and the host hears of it.
     void MarkEdited();
-    // Tells the console view, when one is open.
+    // Tells the console view and the control panel, when they are open.
     void NotifyConsoleView(UINT message, WPARAM wParam, LPARAM lParam);
     // A talk key must use an audio input the console's model has. The design
     // file names the model after the keys, so loading only notes that the
@@ -53,6 +53,7 @@ public:
     bool m_migrationDone;
     HWND m_hConfiguration;        // the configuration window, when open
     HWND m_hConsoleView;          // the console view showing this console, when open
+    HWND m_hControlPanel = NULL;  // its control panel, when open
     uint8_t m_ledStates[CONSOLE_KEY_COUNT];  // the face's LEDs as the device lights them
     int32_t m_slot;               // the port's slot, as last read
     int32_t m_faultLed;           // canvas poll caches
@@ -65,6 +66,16 @@ public:
     WINDOWPLACEMENT m_configurationPlacement = {};
     POINT m_configurationPosition = {};
     uint8_t m_connectionOnline = 0;  // the connection's "online", as the Supervision page last read it
+    // The key whose editor page the configuration window shows (-1 none), and
+    // the mark that it changed: the window rebuilds the page on its first
+    // tick after the mark (it takes the mark down).
+    int32_t m_selectedKey = -1;
+    bool m_keyChangeMark = false;
+    void SelectKeyForEditor(int key)
+    {
+        m_selectedKey = key;
+        m_keyChangeMark = true;
+    }
 
 private:
     CONSOLEPROPERTIES(const CONSOLEPROPERTIES&);

@@ -6,7 +6,9 @@
 #include "../config/configurationdialog.h"
 #include "../controls/radiobutton.h"
 #include "../console/consoleview.h"
+#include "../console/controlpanel.h"
 #include "../console/viewimages.h"
+#include "../keyeditor/keyfunctionview.h"
 
 #include "analyze.h"
 #include "../../base/trace.h"
@@ -91,12 +93,12 @@ int RegisterKVTView(HINSTANCE instance)
 int RegisterKeyFunctionView(HINSTANCE instance)
 {
     HBRUSH hostBrush = (HBRUSH)a_GetObject(HOSTOBJECT_BACKGROUNDBRUSH);
-    WNDCLASSEXA wc = ClassTemplate(instance, "DOVRIXKEYFUNCTIONVIEW", PendingWindowProc, kViewStyle, hostBrush);
+    WNDCLASSEXA wc = ClassTemplate(instance, "DOVRIXKEYFUNCTIONVIEW", KeyFunctionViewWndProc, kViewStyle, hostBrush);
     if (!RegisterClassExA(&wc)) {
         Trace("RegisterKEYFUNCTIONView failed\n");
         return 0;
     }
-    WNDCLASSEXA workspace = ClassTemplate(instance, "KEYFUNCTIONVIEWWORKSPACE", PendingWindowProc,
+    WNDCLASSEXA workspace = ClassTemplate(instance, "KEYFUNCTIONVIEWWORKSPACE", KeyFunctionWorkspaceWndProc,
                                           kViewStyle | CS_DBLCLKS, hostBrush);
     RegisterClassExA(&workspace);
     return 1;
@@ -104,8 +106,9 @@ int RegisterKeyFunctionView(HINSTANCE instance)
 
 int RegisterControlPanel(HINSTANCE instance)
 {
+    LoadConsoleViewImages(instance);  // the panel's pictures are among the view's
     // The control panel shares the console view's failure text.
-    return RegisterShadowed(instance, "DOVRIXCONTROLPANEL", PendingWindowProc,
+    return RegisterShadowed(instance, "DOVRIXCONTROLPANEL", ControlPanelWndProc,
                             "RegisterConsoleView failed %d\n");
 }
 

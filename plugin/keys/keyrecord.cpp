@@ -326,3 +326,64 @@ void ParseKeyRecord(const char* record, KEYSLOT* slot)
     // No format matches whole: keep what the current format could convert.
     ScanFields(rest, layout, formats.numbers[0], slot);
 }
+
+namespace {
+
+const FIELD* FieldAt(int32_t functionId, int position)
+{
+    if (functionId == KF_EMPTY)
+        return nullptr;
+    const LAYOUT& layout = LayoutOf(KeyFamily(functionId));
+    return position >= 1 && position <= layout.count ? &layout.fields[position - 1] : nullptr;
+}
+
+}  // namespace
+
+KEYFIELDKIND KeyFieldKind(int32_t functionId, int position)
+{
+    const FIELD* field = FieldAt(functionId, position);
+    if (!field)
+        return KEYFIELD_NONE;
+    switch (field->kind) {
+    case N8: return KEYFIELD_U8;
+    case N16: return KEYFIELD_U16;
+    case REAL: return KEYFIELD_REAL;
+    case TEXT: return KEYFIELD_TEXT;
+    }
+    return KEYFIELD_NONE;
+}
+
+double KeyFieldNumber(const KEYSLOT& slot, int position)
+{
+    const FIELD* field = FieldAt(slot.functionId, position);
+    if (!field || field->kind == TEXT)
+        return 0;
+    return field->kind == REAL ? slot.reals[field->index] : slot.cells[field->index];
+}
+
+bool SetKeyFieldNumber(KEYSLOT* slot, int position, double value)
+{
+    const FIELD* field = FieldAt(slot->functionId, position);
+    if (!field || field->kind == TEXT)
+        return false;
+    if (field->kind == REAL)
+        slot->reals[field->index] = ToFloat(value);
+    else if (!isnan(value))  // held at an int's limits first, as the parse holds a number
+        StoreNumber(slot, *field, value > INT_MAX ? INT_MAX : value < INT_MIN ? INT_MIN : (long long)value);
+    return true;
+}
+
+const char* KeyFieldText(const KEYSLOT& slot, int position)
+{
+    const FIELD* field = FieldAt(slot.functionId, position);
+    return field && field->kind == TEXT ? TextField(slot, field->index) : "";
+}
+
+bool SetKeyFieldText(KEYSLOT* slot, int position, const char* text)
+{
+    const FIELD* field = FieldAt(slot->functionId, position);
+    if (!field || field->kind != TEXT || !text)
+        return false;
+    CopyText(TextField(slot, field->index), KEYTEXT_SIZE, text);
+    return true;
+}

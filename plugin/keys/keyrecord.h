@@ -43,3 +43,14 @@ void ParseKeyRecord(const char* record, KEYSLOT* slot);
 enum { TALKCELL_AUDIOINPUT = 6 };
 bool IsTalkKey(const KEYSLOT& slot);
 bool IsAlarmKey(const KEYSLOT& slot);
+
+// The fields of a slot's record by position: 1 is the first field after the
+// name, in the order of the family's suffix. The editor pages read and write
+// a key through these, so a field keeps its width (a number is cut as the
+// record's parse would cut it, a text to its 127 characters).
+enum KEYFIELDKIND { KEYFIELD_NONE, KEYFIELD_U8, KEYFIELD_U16, KEYFIELD_REAL, KEYFIELD_TEXT };
+KEYFIELDKIND KeyFieldKind(int32_t functionId, int position);
+double KeyFieldNumber(const KEYSLOT& slot, int position);     // 0 for a text or no field
+bool SetKeyFieldNumber(KEYSLOT* slot, int position, double value);
+const char* KeyFieldText(const KEYSLOT& slot, int position);  // "" for a number or no field
+bool SetKeyFieldText(KEYSLOT* slot, int position, const char* text);

@@ -105,3 +105,80 @@
 // The configuration window's online indicator.
 #define IDB_ONLINEINDICATOR_ON 207
 #define IDB_ONLINEINDICATOR_OFF 208
+
+// The key-function editor: the tree's drag cursors and images.
+#define IDR_CURSOR_DROP 105             // type CURSOR: a drop is taken here
+#define IDR_CURSOR_NODROP 111           // a drop is refused here
+#define IDB_KEYFUNCTIONTREE 214         // eight 16 x 16 images on magenta
+
+// The editor pages, one per key function family (dialogs with their combo
+// boxes' item lists in dialog-initialisation resources of the same id).
+#define IDD_KEYPAGE_SELECT 120
+#define IDD_KEYPAGE_PTT 152
+#define IDD_KEYPAGE_ON 158
+#define IDD_KEYPAGE_DECADIC 159
+#define IDD_KEYPAGE_PROTECT 161
+#define IDD_KEYPAGE_FAULTDISPLAY 162
+#define IDD_KEYPAGE_EVAC 163
+#define IDD_KEYPAGE_TALK 167
+#define IDD_KEYPAGE_LOGICAL 169
+#define IDD_KEYPAGE_MENU 171
+#define IDD_KEYPAGE_CLEAR 174
+#define IDD_KEYPAGE_EMPTY 176
+#define IDD_KEYPAGE_NONE 182
+#define IDD_KEYPAGE_ARITHMETIC 183
+#define IDD_KEYPAGE_CHIME 184
+#define IDD_KEYPAGE_ALARM 185
+#define IDD_KEYPAGE_STOP 186
+#define IDD_KEYPAGE_BUSINESS 193
+#define IDD_KEYPAGE_SYSTEMFAULTS 205
+#define IDD_KEYPAGE_INDICATOR 208
+// Their controls; a number serves one role a page.
+#define IDC_KEY_DESTINATION 1008        // destination, parameter
+#define IDC_KEY_BROWSE 1014             // "..."
+#define IDC_KEY_TRIGGER 1015
+#define IDC_KEY_LOCKED 1016             // active when locked (protected; the talk key's locked behaviour)
+#define IDC_KEY_PRECHIME 1017
+#define IDC_KEY_AUDIOINPUT 1018
+#define IDC_KEY_MIN 1019
+#define IDC_KEY_MAX 1021
+#define IDC_KEY_TONE 1022               // "Chime", "Alarm"
+#define IDC_KEY_STEP 1023               // "Step Size"; the alarm page's "Input Channel"
+#define IDC_KEY_REPEAT 1024
+#define IDC_KEY_MODE 1025
+#define IDC_KEY_ON 1026
+#define IDC_KEY_OFF 1027                // "Off"; the stop page's "Stop Type"
+#define IDC_KEY_STOPPAGING 1028
+#define IDC_KEY_STOPCHIME 1029
+#define IDC_KEY_STOPALARM 1030
+#define IDC_KEY_STOPTEXT 1031
+#define IDC_KEY_JUMPTO 1053
+#define IDC_KEY_PRIORITY 1065
+#define IDC_KEY_PRIORITYSPIN 1066
+#define IDC_KEY_SWITCHPRIORITY 1067     // "Switch on priority", "Stop Priority"
+#define IDC_KEY_SWITCHSPIN 1068         // its spin; the PTT page's "LINE IN used as PTT input "
+#define IDC_EVAC_BROWSE 1096
+#define IDC_EVAC_PRIORITY 1097
+#define IDC_EVAC_PRIORITYSPIN 1098
+#define IDC_EVAC_TRIGGER 1999
+#define IDC_EVAC_MESSAGE 2000
+#define IDC_EVAC_LOCKED 2003
+#define IDC_BUSINESS_BROWSE 2004
+#define IDC_BUSINESS_PRIORITY 2005
+#define IDC_BUSINESS_PRIORITYSPIN 2006
+#define IDC_BUSINESS_TRIGGER 2007
+#define IDC_BUSINESS_MESSAGE 2008
+#define IDC_BUSINESS_LOCKED 2009
+#define IDC_LOGIC_LOCKED 2012
+#define IDC_ARITHMETIC_LOCKED 2013
+#define IDC_KEY_LOCKEDFLAG 2014         // the "On" and indicator test pages' "Active when locked"
+#define IDC_TALK_LOCKEDTRIGGER 2019
+#define IDC_TALK_LOCKEDPRECHIME 2020
+#define IDC_TALK_LOCKEDPRIORITY 2021
+#define IDC_TALK_LOCKEDSPIN 2022
+
+// The pickers: destinations (zones and groups) and logic parameters.
+#define IDD_DESTINATIONPICKER 121
+#define IDC_DESTINATION_LIST 1009
+#define IDD_LOGICPICKER 143
+#define IDC_LOGIC_LIST 1042

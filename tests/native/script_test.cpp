@@ -150,3 +150,36 @@ TEST(Script, ArgumentsFollowTheirPattern)
     EXPECT_FALSE(ParseScriptLine("frobnicate", &command, &error));
     EXPECT_EQ(error, "unknown command 'frobnicate'");
 }
+
+TEST(Script, KeyEditorCommands)
+{
+    SCRIPTCOMMAND command;
+    std::string error;
+    ASSERT_TRUE(ParseScriptLine("drop ORNCST_1 Talk 5", &command, &error));
+    EXPECT_EQ(command.verb, SCRIPT_DROP);
+    EXPECT_EQ(command.object, "ORNCST_1");
+    EXPECT_EQ(command.text, "Talk");
+    EXPECT_EQ(command.key, 5);
+    ASSERT_TRUE(ParseScriptLine("pick ORNCST_1 1014 ORNCON_1.Car park", &command, &error));
+    EXPECT_EQ(command.verb, SCRIPT_PICK);
+    EXPECT_EQ(command.code, 1014);
+    EXPECT_EQ(command.typed, "ORNCON_1.Car park");
+    ASSERT_TRUE(ParseScriptLine("pick ORNCST_1 1008", &command, &error));  // an empty text
+    EXPECT_EQ(command.typed, "");
+    ASSERT_TRUE(ParseScriptLine("select ORNCST_1 12", &command, &error));
+    EXPECT_EQ(command.verb, SCRIPT_SELECT);
+    EXPECT_EQ(command.key, 12);
+    EXPECT_EQ(command.text, "12");
+    ASSERT_TRUE(ParseScriptLine("select ORNCST_1", &command, &error));
+    EXPECT_EQ(command.text, "");  // the object alone
+    ASSERT_TRUE(ParseScriptLine("page ORNCST_1", &command, &error));
+    EXPECT_EQ(command.verb, SCRIPT_PAGE);
+    EXPECT_EQ(command.text, "");
+    ASSERT_TRUE(ParseScriptLine("page ORNCST_1 3", &command, &error));
+    EXPECT_EQ(command.code, 3);
+    for (const char* bad : {"drop ORNCST_1 Talk", "drop ORNCST_1 Talk x", "pick ORNCST_1 x 1", "pick ORNCST_1",
+                            "select ORNCST_1 128", "page ORNCST_1 next"}) {
+        EXPECT_FALSE(ParseScriptLine(bad, &command, &error)) << bad;
+        EXPECT_FALSE(error.empty()) << bad;
+    }
+}

@@ -123,6 +123,7 @@ TEST(Verbs, EveryVerbParsesFromItsOwnPattern)
         {"DX", "-5"}, {"DY", "7"}, {"X", "300"}, {"KEY", "121"}, {"MODE", "2"}, {"[MODE2]", "1"},
         {"on|off", "on"}, {"add|remove", "add"}, {"N|side|buttons", "side"},
         {"configuration|supervision", "supervision"}, {"CONSOLE", "ORNCST_2"},
+        {"FUNCTION", "EVAC"}, {"CONTROL", "1014"}, {"[KEY]", "5"}, {"[N|side|buttons]", "buttons"},
         {"OBJ*KEYWORD=VALUE", "ORNCST_1*name=Desk"}, {"VARIABLE=VALUE", "Faults3=1"}};
     for (const SCRIPTVERBROW& row : ScriptVerbs()) {
         std::string line = row.name;

@@ -298,38 +298,6 @@ TEST_F(ConsoleView, LabelEditorStoresOnEnterAndDropsOnFocusLoss)
 
 namespace {
 
-struct TIPSEARCH {
-    HWND view;
-    std::string text;
-};
-
-BOOL CALLBACK AskTooltip(HWND window, LPARAM context)
-{
-    TIPSEARCH* search = reinterpret_cast<TIPSEARCH*>(context);
-    char name[32] = "";
-    GetClassNameA(window, name, sizeof name);
-    if (strcmp(name, "tooltips_class32") != 0)
-        return TRUE;
-    wchar_t text[256] = L"";
-    TOOLINFOW tool = {};
-    tool.cbSize = sizeof tool;
-    tool.hwnd = search->view;
-    tool.lpszText = text;
-    SendMessageW(window, TTM_GETTEXTW, sizeof text / sizeof text[0], (LPARAM)&tool);
-    char narrow[256] = "";
-    WideCharToMultiByte(CP_ACP, 0, text, -1, narrow, sizeof narrow, NULL, NULL);
-    search->text = narrow;
-    return search->text.empty();
-}
-
-// The text of the view's tool, from whichever tooltip window holds it.
-std::string TooltipText(HWND view)
-{
-    TIPSEARCH search = {view, ""};
-    EnumThreadWindows(GetCurrentThreadId(), AskTooltip, (LPARAM)&search);
-    return search.text;
-}
-
 }  // namespace
 
 TEST_F(ConsoleView, TooltipsNameTheKeyItsFunctionAndItsPins)

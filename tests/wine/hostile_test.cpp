@@ -147,10 +147,12 @@ TEST(HostileDesign, WindowsThatNeedAConsoleAreRefusedOnADesignLine)
 {
     TESTDESIGN design;
     design.Load({"control=0 DOVRIXZELCONFIGURATIONDIALOG \"X\" 0x54000000 0,0,20x20",
-                 "control=0 DOVRIXCONSOLEVIEW \"Y\" 0x54000000 0,0,20x20", kConsole});
+                 "control=0 DOVRIXCONSOLEVIEW \"Y\" 0x54000000 0,0,20x20",
+                 "control=0 DOVRIXCONTROLPANEL \"Z\" 0x54000000 0,0,20x20", kConsole});
     EXPECT_EQ(design.Object("X"), nullptr);
     EXPECT_EQ(design.Object("Y"), nullptr);
-    EXPECT_EQ(design.Output().size(), 2u);
+    EXPECT_EQ(design.Object("Z"), nullptr);
+    EXPECT_EQ(design.Output().size(), 3u);
     // The canvas class keeps taking the host's creation record.
     HOSTINFO* console = design.Object("ORNCST_1");
     ASSERT_NE(console, nullptr);
@@ -160,7 +162,8 @@ TEST(HostileDesign, WindowsThatNeedAConsoleAreRefusedOnADesignLine)
     HOSTCREATE record = {};
     record.host = design.Root();
     CopyText(record.name, "ORNCST_9");
-    for (const char* name : {"DOVRIXZELCONFIGURATIONDIALOG", "DOVRIXELKCSKCONFIGURATIONDIALOG", "DOVRIXCONSOLEVIEW"}) {
+    for (const char* name :
+         {"DOVRIXZELCONFIGURATIONDIALOG", "DOVRIXELKCSKCONFIGURATIONDIALOG", "DOVRIXCONSOLEVIEW", "DOVRIXCONTROLPANEL"}) {
         for (void* data : {(void*)&record, (void*)design.Root(), (void*)nullptr}) {
             HWND window = CreateWindowExA(0, name, "X", WS_POPUP, 0, 0, 20, 20, NULL, NULL, Plugin(), data);
             EXPECT_EQ(window, (HWND)NULL) << name;

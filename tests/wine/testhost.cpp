@@ -28,24 +28,42 @@ CATCHER& Catcher()
     return catcher;
 }
 
+void RecordMessageBox(HWND box);
+
+// A task-modal box is activated before it has its text (Wine): it is read
+// once the box's own loop runs.
+void CALLBACK RecordMessageBoxLater(HWND box, UINT, UINT_PTR timer, DWORD)
+{
+    KillTimer(box, timer);
+    RecordMessageBox(box);
+}
+
 LRESULT CALLBACK CatchMessageBox(int code, WPARAM wParam, LPARAM lParam)
 {
     if (code == HCBT_ACTIVATE) {
         HWND box = (HWND)wParam;
         if (IsMessageBox(box)) {
-            char text[1024] = "";
-            GetDlgItemTextA(box, 0xFFFF, text, sizeof text);  // a message box's text control
-            char caption[256] = "";
-            GetWindowTextA(box, caption, sizeof caption);
-            if (Catcher().expecting) {
-                Catcher().texts.push_back(text);
-                Catcher().captions.push_back(caption);
-            } else
-                ADD_FAILURE() << "unexpected message box: " << text;
-            PostMessageA(box, WM_COMMAND, (WPARAM)Catcher().answer, 0);
+            if (GetWindowTextLengthA(GetDlgItem(box, 0xFFFF)) == 0)
+                SetTimer(box, 1, USER_TIMER_MINIMUM, RecordMessageBoxLater);
+            else
+                RecordMessageBox(box);
         }
     }
     return CallNextHookEx(Catcher().hook, code, wParam, lParam);
+}
+
+void RecordMessageBox(HWND box)
+{
+    char text[1024] = "";
+    GetDlgItemTextA(box, 0xFFFF, text, sizeof text);  // a message box's text control
+    char caption[256] = "";
+    GetWindowTextA(box, caption, sizeof caption);
+    if (Catcher().expecting) {
+        Catcher().texts.push_back(text);
+        Catcher().captions.push_back(caption);
+    } else
+        ADD_FAILURE() << "unexpected message box: " << text;
+    PostMessageA(box, WM_COMMAND, (WPARAM)Catcher().answer, 0);
 }
 
 void RegisterSurfaceClass()
@@ -242,6 +260,11 @@ static HANDLE InheritableFile(const std::string& path)
 
 RUN Workbench(const std::string& arguments)
 {
+    return Program("workbench.exe --headless " + arguments);
+}
+
+RUN Program(const std::string& commandLine)
+{
     const std::string folder = TempFolder();
     HANDLE out = InheritableFile(folder + "\\out.txt");
     HANDLE err = InheritableFile(folder + "\\err.txt");
@@ -251,7 +274,7 @@ RUN Workbench(const std::string& arguments)
     startup.hStdOutput = out;
     startup.hStdError = err;
     startup.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
-    std::string command = "workbench.exe --headless " + arguments;
+    std::string command = commandLine;
     PROCESS_INFORMATION process = {};
     RUN run;
     if (CreateProcessA(NULL, &command[0], NULL, NULL, TRUE, 0, NULL, NULL, &startup, &process)) {

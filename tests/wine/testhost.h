@@ -70,5 +70,7 @@ struct RUN {
     std::string err;
 };
 RUN Workbench(const std::string& arguments);
+// A program of the tests' folder, run to its end with its output.
+RUN Program(const std::string& commandLine);
 // A file of a fresh folder holding text; its path.
 std::string WriteScript(const std::string& text);

@@ -1,5 +1,8 @@
 #include "viewmenus.h"
 
+#include <commctrl.h>
+#include <string.h>
+
 #include "../../plugin/protocol.h"
 
 namespace {
@@ -58,4 +61,39 @@ int ViewHitTest(HWND view, int x, int y)
 {
     int id = -1;
     return SendMessageA(view, CVM_HITTEST, (WPARAM)&id, MAKELPARAM(x, y)) ? id : -1;
+}
+
+namespace {
+
+struct TIPSEARCH {
+    HWND view;
+    std::string text;
+};
+
+BOOL CALLBACK AskTooltip(HWND window, LPARAM context)
+{
+    TIPSEARCH* search = reinterpret_cast<TIPSEARCH*>(context);
+    char name[32] = "";
+    GetClassNameA(window, name, sizeof name);
+    if (strcmp(name, "tooltips_class32") != 0)
+        return TRUE;
+    wchar_t text[256] = L"";
+    TOOLINFOW tool = {};
+    tool.cbSize = sizeof tool;
+    tool.hwnd = search->view;
+    tool.lpszText = text;
+    SendMessageW(window, TTM_GETTEXTW, sizeof text / sizeof text[0], (LPARAM)&tool);
+    char narrow[256] = "";
+    WideCharToMultiByte(CP_ACP, 0, text, -1, narrow, sizeof narrow, NULL, NULL);
+    search->text = narrow;
+    return search->text.empty();
+}
+
+}  // namespace
+
+std::string TooltipText(HWND view)
+{
+    TIPSEARCH search = {view, ""};
+    EnumThreadWindows(GetCurrentThreadId(), AskTooltip, (LPARAM)&search);
+    return search.text;
 }

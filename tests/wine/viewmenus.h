@@ -1,5 +1,6 @@
 // The console view's context menus as a test opens them: the menu is shown at
-// a client point, its items are recorded, and one is chosen with the keys.
+// a client point, its items are recorded, and one is chosen with the keys;
+// and what the view and the control panel answer: hit tests and tooltips.
 #pragma once
 
 #include <windows.h>
@@ -17,3 +18,5 @@ struct MENURUN {
 MENURUN ViewMenuAt(HWND view, int x, int y, const std::string& choice);
 // The view's hit test (CVM_HITTEST): the key at a client point, or -1.
 int ViewHitTest(HWND view, int x, int y);
+// The text of the window's tool, from whichever tooltip window holds it.
+std::string TooltipText(HWND view);

@@ -422,3 +422,44 @@ TEST(Workbench, SupervisionPictureShowsLabelsLampsAndIndicator)
     const RECT indicator = {1002 - 75, 3, 1002 - 75 + 52, 44};
     EXPECT_GT(CountPixels(picture, indicator, [](int r, int g, int b) { return r < 90 && g < 90 && b < 90; }), 100);
 }
+
+// The key editor headless: functions dragged from the tree, pages printed
+// and set as a user sets them, a picker answered, refusals reported.
+TEST(Workbench, KeyEditorAssignsKeysThroughTheTreeAndThePages)
+{
+    const std::string saved = TempFolder() + "\\saved.ds";
+    const std::string script = WriteScript(
+        "open ELKCST_2\n"
+        "page ELKCST_2\n"
+        "drop ELKCST_2 Talk 5\n"
+        "pick ELKCST_2 1014 ELKCON_1.Workshop\n"
+        "pick ELKCST_2 1017 Gong\n"
+        "pick ELKCST_2 1066 60\n"
+        "get ELKCST_2 key005\n"
+        "drop ELKCST_2 Alarm 7\n"
+        "pick ELKCST_2 1022 Siren\n"
+        "page ELKCST_2\n"
+        "drop ELKCST_2 Lock 116\n"
+        "select ELKCST_2 0\n"
+        "page ELKCST_2\n"
+        "pick ELKCST_2 1096 -\n"
+        "pick ELKCST_2 2000 No such message\n"
+        "close ELKCST_2\n");
+    const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\" --save \"" +
+                              saved + "\"");
+    EXPECT_NE(run.exitCode, 0u);  // the message the list does not offer
+    EXPECT_NE(run.err.find("control 2000 offers no No such message"), std::string::npos) << run.err;
+    EXPECT_EQ(run.out.find("page=182\n"), 0u) << run.out;
+    EXPECT_NE(run.out.find("key005=Talk to Zone,0,1,0,60,0,0,1,0,0,0,0,0,0,0,0,ELKCON_1.Workshop,Gong|7,\n"),
+              std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("page=185\n1008=Current Slection\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("1022=Siren\n1023= greyed\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("refused\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("page=163\n1008=ELKCON_1.Lobby\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("2000=Evacuate now\n"), std::string::npos) << run.out;
+    const std::string design = ReadFileBytes(saved);
+    EXPECT_NE(design.find("ELKCST_2*key005=Talk to Zone,0,1,0,60,0,0,1,0,0,0,0,0,0,0,0,ELKCON_1.Workshop,Gong|7,\r\n"),
+              std::string::npos);
+    EXPECT_NE(design.find("ELKCST_2*key007=Alarm to Selection,0,0,0,0,3,,\r\n"), std::string::npos);
+    EXPECT_NE(design.find("ELKCST_2*key116=Empty\r\n"), std::string::npos);
+}

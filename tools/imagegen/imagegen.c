@@ -1387,6 +1387,200 @@ static int FocusMarker(const char* folder)
 }
 
 /* Everything the console view shows. */
+/* The key-function editor's drag cursors, 32 x 32 Windows cursor files
+   (.cur) with 32-bit colour and an AND mask from the alpha: the arrow with
+   a green "+" box where a drop is taken (105), a red no-entry sign where it
+   is refused (111). The hot spot is the arrow's tip. */
+static void DragArrow(cairo_t* cr)
+{
+    static const char* const arrow[] = {
+        "B", "BB", "BWB", "BWWB", "BWWWB", "BWWWWB", "BWWWWWB", "BWWWWWWB", "BWWWWWWWB",
+        "BWWWWWWWWB", "BWWWWWBBBBB", "BWWBWWB", "BWB BWWB", "BB  BWWB", "B    BWWB", "     BWWB", "      BB",
+    };
+    for (size_t row = 0; row < sizeof arrow / sizeof arrow[0]; row++)
+        for (size_t column = 0; arrow[row][column]; column++) {
+            if (arrow[row][column] == ' ')
+                continue;
+            cairo_rectangle(cr, (double)column, (double)row, 1, 1);
+            Fill(cr, arrow[row][column] == 'B' ? black : white, 1.0);
+        }
+}
+
+static int WriteCursor(cairo_surface_t* surface, const char* folder, const char* name)
+{
+    char path[512];
+    snprintf(path, sizeof path, "%s/%s", folder, name);
+    cairo_surface_flush(surface);
+    const int stride = cairo_image_surface_get_stride(surface);
+    const unsigned char* data = cairo_image_surface_get_data(surface);
+    enum { SIZE = 32, XOR = SIZE * SIZE * 4, AND = SIZE * 4, IMAGE = 40 + XOR + AND };
+    unsigned char file[6 + 16 + IMAGE];
+    memset(file, 0, sizeof file);
+    file[2] = 2;  /* a cursor */
+    file[4] = 1;  /* one image */
+    unsigned char* entry = file + 6;
+    entry[0] = SIZE;
+    entry[1] = SIZE;
+    const unsigned int entryFields[2] = {IMAGE, 6 + 16};  /* hot spot 0, 0 */
+    for (int i = 0; i < 2; i++)
+        for (int b = 0; b < 4; b++)
+            entry[8 + i * 4 + b] = (unsigned char)(entryFields[i] >> (8 * b));
+    unsigned char* info = file + 6 + 16;
+    const unsigned int infoFields[3] = {40, SIZE, SIZE * 2};  /* colour over mask */
+    for (int i = 0; i < 3; i++)
+        for (int b = 0; b < 4; b++)
+            info[i * 4 + b] = (unsigned char)(infoFields[i] >> (8 * b));
+    info[12] = 1;   /* planes */
+    info[14] = 32;  /* bits per pixel */
+    unsigned char* colour = info + 40;
+    unsigned char* mask = colour + XOR;
+    for (int y = 0; y < SIZE; y++) {
+        const int row = SIZE - 1 - y;  /* bottom-up */
+        for (int x = 0; x < SIZE; x++) {
+            const unsigned int pixel = *(const unsigned int*)(data + y * stride + x * 4);
+            const unsigned int alpha = pixel >> 24;
+            unsigned char* out = colour + (row * SIZE + x) * 4;
+            out[0] = (unsigned char)(pixel & 0xFF);
+            out[1] = (unsigned char)((pixel >> 8) & 0xFF);
+            out[2] = (unsigned char)((pixel >> 16) & 0xFF);
+            out[3] = (unsigned char)alpha;
+            if (alpha < 128)
+                mask[row * 4 + x / 8] |= (unsigned char)(0x80 >> (x % 8));
+        }
+    }
+    FILE* out = fopen(path, "wb");
+    if (!out || fwrite(file, 1, sizeof file, out) != sizeof file || fclose(out) != 0) {
+        fprintf(stderr, "imagegen: cannot write %s\n", path);
+        return 1;
+    }
+    printf("%s\n", path);
+    return 0;
+}
+
+static int DragCursor(const char* folder, const char* name, int accepted)
+{
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 32, 32);
+    cairo_t* cr = cairo_create(surface);
+    cairo_set_antialias(cr, CAIRO_ANTIALIAS_NONE);
+    DragArrow(cr);
+    if (accepted) {
+        cairo_rectangle(cr, 12, 18, 13, 13);
+        Fill(cr, black, 1.0);
+        cairo_rectangle(cr, 13, 19, 11, 11);
+        Fill(cr, white, 1.0);
+        cairo_rectangle(cr, 14, 23, 9, 3);
+        Fill(cr, Hex(0x109020), 1.0);
+        cairo_rectangle(cr, 17, 20, 3, 9);
+        Fill(cr, Hex(0x109020), 1.0);
+    } else {
+        cairo_set_antialias(cr, CAIRO_ANTIALIAS_DEFAULT);
+        cairo_arc(cr, 19.5, 23.5, 7.5, 0, 2 * M_PI);
+        Fill(cr, white, 1.0);
+        cairo_set_line_width(cr, 2.5);
+        cairo_arc(cr, 19.5, 23.5, 6, 0, 2 * M_PI);
+        Source(cr, Hex(0xD02018), 1.0);
+        cairo_stroke(cr);
+        cairo_move_to(cr, 15.3, 19.3);
+        cairo_line_to(cr, 23.7, 27.7);
+        cairo_stroke(cr);
+    }
+    cairo_destroy(cr);
+    const int failed = WriteCursor(surface, folder, name);
+    cairo_surface_destroy(surface);
+    return failed;
+}
+
+/* The key-function tree's images, eight 16 x 16 images in one strip on the
+   mask colour magenta: 0 a key (the tree's default), 1 an empty key, 2 a
+   folder, 3 a microphone (talk), 4 a zone plan (selection), 5 a bell
+   (alarm), 6 a note (chime), 7 a stop sign (stop). */
+static void TreeKey(cairo_t* cr, double x, RGB face)
+{
+    RoundedRect(cr, x + 2.5, 3.5, 11, 9, 2);
+    Fill(cr, face, 1.0);
+    RoundedRect(cr, x + 2.5, 3.5, 11, 9, 2);
+    Source(cr, Hex(0x4A4D53), 1.0);
+    cairo_set_line_width(cr, 1);
+    cairo_stroke(cr);
+    cairo_rectangle(cr, x + 5, 6, 6, 1);
+    Fill(cr, white, 0.9);
+}
+
+static int TreeImages(const char* folder)
+{
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, 128, 16);
+    cairo_t* cr = cairo_create(surface);
+    cairo_rectangle(cr, 0, 0, 128, 16);
+    Fill(cr, Hex(0xFF00FF), 1.0);
+    cairo_set_line_width(cr, 1);
+    TreeKey(cr, 0, Hex(0x8C8F94));
+    TreeKey(cr, 16, Hex(0xE4E4E4));
+    /* 2: a folder */
+    cairo_rectangle(cr, 32 + 1.5, 3.5, 6, 3);
+    Fill(cr, Hex(0xE8B84A), 1.0);
+    cairo_rectangle(cr, 32 + 1.5, 5.5, 13, 9);
+    Fill(cr, Hex(0xF2CC66), 1.0);
+    cairo_rectangle(cr, 32 + 1.5, 5.5, 13, 9);
+    Source(cr, Hex(0x9A7420), 1.0);
+    cairo_stroke(cr);
+    /* 3: a microphone */
+    RoundedRect(cr, 48 + 5.5, 1.5, 5, 8, 2.5);
+    Fill(cr, Hex(0x4A4D53), 1.0);
+    cairo_arc(cr, 48 + 8, 7, 4.5, 0, M_PI);
+    Source(cr, Hex(0x4A4D53), 1.0);
+    cairo_stroke(cr);
+    cairo_rectangle(cr, 48 + 7.5, 11.5, 1, 3);
+    Fill(cr, Hex(0x4A4D53), 1.0);
+    cairo_rectangle(cr, 48 + 4.5, 14, 7, 1);
+    Fill(cr, Hex(0x4A4D53), 1.0);
+    /* 4: a zone plan, four rooms, one chosen */
+    cairo_rectangle(cr, 64 + 1.5, 2.5, 13, 11);
+    Fill(cr, white, 1.0);
+    cairo_rectangle(cr, 64 + 2, 3, 6, 5);
+    Fill(cr, Hex(0x2F7FE0), 1.0);
+    cairo_rectangle(cr, 64 + 1.5, 2.5, 13, 11);
+    cairo_move_to(cr, 64 + 8.5, 2.5);
+    cairo_line_to(cr, 64 + 8.5, 13.5);
+    cairo_move_to(cr, 64 + 1.5, 8.5);
+    cairo_line_to(cr, 64 + 14.5, 8.5);
+    Source(cr, Hex(0x4A4D53), 1.0);
+    cairo_stroke(cr);
+    /* 5: a bell */
+    cairo_move_to(cr, 80 + 3, 12);
+    cairo_curve_to(cr, 80 + 4, 10, 80 + 4, 3, 80 + 8, 3);
+    cairo_curve_to(cr, 80 + 12, 3, 80 + 12, 10, 80 + 13, 12);
+    cairo_close_path(cr);
+    Fill(cr, Hex(0xE0302A), 1.0);
+    cairo_arc(cr, 80 + 8, 13, 1.6, 0, 2 * M_PI);
+    Fill(cr, Hex(0x8A1A14), 1.0);
+    /* 6: a note */
+    cairo_arc(cr, 96 + 5.5, 12, 2.5, 0, 2 * M_PI);
+    Fill(cr, Hex(0x109020), 1.0);
+    cairo_rectangle(cr, 96 + 7, 2, 1.5, 10);
+    Fill(cr, Hex(0x109020), 1.0);
+    cairo_move_to(cr, 96 + 8.5, 2);
+    cairo_line_to(cr, 96 + 13, 5);
+    cairo_line_to(cr, 96 + 8.5, 6);
+    Fill(cr, Hex(0x109020), 1.0);
+    /* 7: a stop sign */
+    cairo_move_to(cr, 112 + 5, 1.5);
+    cairo_line_to(cr, 112 + 11, 1.5);
+    cairo_line_to(cr, 112 + 14.5, 5);
+    cairo_line_to(cr, 112 + 14.5, 11);
+    cairo_line_to(cr, 112 + 11, 14.5);
+    cairo_line_to(cr, 112 + 5, 14.5);
+    cairo_line_to(cr, 112 + 1.5, 11);
+    cairo_line_to(cr, 112 + 1.5, 5);
+    cairo_close_path(cr);
+    Fill(cr, Hex(0xD02018), 1.0);
+    cairo_rectangle(cr, 112 + 4, 7, 8, 2);
+    Fill(cr, white, 1.0);
+    cairo_destroy(cr);
+    const int failed = SaveBmp(surface, folder, "keytree214.bmp");
+    cairo_surface_destroy(surface);
+    return failed;
+}
+
 static int ConsoleViewImages(const char* folder)
 {
     const Housing classicFront = {"consoleimage105.png", 355, Hex(0xC2C2C2), Hex(0xA8A8A8), Hex(0x5E5E5E),
@@ -1441,6 +1635,9 @@ static int ConsoleViewImages(const char* folder)
     failures += Lamp(folder, "lamp142.bmp", Hex(0xE0302A));
     failures += OnlineIndicator(folder, "onlineled207.bmp", 1);
     failures += OnlineIndicator(folder, "onlineled208.bmp", 0);
+    failures += DragCursor(folder, "drop105.cur", 1);
+    failures += DragCursor(folder, "nodrop111.cur", 0);
+    failures += TreeImages(folder);
     return failures;
 }
 

@@ -1,0 +1,154 @@
+#include "consolepicture.h"
+
+#include <algorithm>
+#include <map>
+
+#include "labelfit.h"
+#include "reporttext.h"
+#include "../../plugin/console/keygeometry.h"
+
+#include "../../base/text.h"
+#include "../../base/banned.h"
+
+namespace {
+
+struct BOUNDS {
+    int left = 0, top = 0, right = 0, bottom = 0;
+    bool empty = true;
+    void Add(int x, int y, int width, int height)
+    {
+        if (empty) {
+            left = x, top = y, right = x + width, bottom = y + height;
+            empty = false;
+            return;
+        }
+        left = std::min(left, x);
+        top = std::min(top, y);
+        right = std::max(right, x + width);
+        bottom = std::max(bottom, y + height);
+    }
+};
+
+const char* KeyFill(const KEYROW* row)
+{
+    if (!row)
+        return "#9a9a9a";
+    return row->mark == MARK_ALARM ? "#e06666" : row->mark == MARK_EVAC ? "#f0a040" : "#ffffff";
+}
+
+void KeySize(const CONSOLEKEY& key, int* width, int* height)
+{
+    const IMAGESIZE strip = ImageSizeOf(key.image);
+    // The special keys' strip holds five frames, every other strip three.
+    *width = key.id >= KEY_SPECIAL_FIRST && key.id <= KEY_SPECIAL_LAST ? strip.width / 5 : strip.width / 3;
+    *height = strip.height;
+}
+
+void Picture(std::string* out, int image, int x, int y, bool board)
+{
+    const IMAGESIZE size = ImageSizeOf(image);
+    *out += "<rect x=\"" + Number(x) + "\" y=\"" + Number(y) + "\" width=\"" + Number(size.width) + "\" height=\"" +
+            Number(size.height) + "\" rx=\"10\" fill=\"" + (board ? "#339966" : "#c8c8c8") +
+            "\" stroke=\"#666\"/>\n";
+}
+
+// What the picture writes on a key: short, as the key's own print.
+std::string PictureCaption(int id)
+{
+    switch (id) {
+    case KEY_UP: return "Up";
+    case KEY_DOWN: return "Down";
+    case KEY_WIDE: return std::string();
+    default: return id >= 12 && id < KEYPAD_KEY_COUNT ? std::string() : KeyCaption(id);
+    }
+}
+
+void Key(std::string* out, const CONSOLEKEY& key, const KEYROW* row, const std::string& caption)
+{
+    int width = 0, height = 0;
+    KeySize(key, &width, &height);
+    *out += "<g><title>";
+    AppendMarkup(out, KeyCaption(key.id) + ": " + (row ? row->function : std::string("not configured")) +
+                          (row && !row->destination.empty() ? " - " + row->destination : std::string()));
+    *out += "</title><rect x=\"" + Number(key.left) + "\" y=\"" + Number(key.top) + "\" width=\"" + Number(width) +
+            "\" height=\"" + Number(height) + "\" rx=\"3\" fill=\"" + KeyFill(row) + "\" stroke=\"#444\"/>";
+    const FITTEDTEXT fitted = FitText(caption, width - 4, 9, 5);
+    *out += "<text x=\"" + Number(key.left + width / 2.0) + "\" y=\"" + Number(key.top + height / 2.0 + 3) +
+            "\" font-size=\"" + Number(fitted.fontSize) + "\" text-anchor=\"middle\">";
+    AppendMarkup(out, fitted.text);
+    *out += "</text></g>\n";
+}
+
+void LabelBox(std::string* out, const CONSOLEKEYLABEL& box, const std::string& label)
+{
+    *out += "<rect x=\"" + Number(box.x) + "\" y=\"" + Number(box.y) + "\" width=\"" + Number(box.width) +
+            "\" height=\"" + Number(box.height) + "\" fill=\"#e5e5e5\"/>";
+    if (!label.empty()) {
+        const FITTEDTEXT fitted = FitText(label, box.width - 4, 10.5, 5);
+        *out += "<text x=\"" + Number(box.x + 2) + "\" y=\"" + Number(box.y + box.height / 2 + fitted.fontSize / 3) +
+                "\" font-size=\"" + Number(fitted.fontSize) + "\" fill=\"#494949\"";
+        *out += ">";
+        AppendMarkup(out, fitted.text);
+        *out += "</text>";
+    }
+    *out += "\n";
+}
+
+}  // namespace
+
+void AppendConsolePicture(const CONSOLEDESIGN& console, const std::vector<KEYROW>& rows, std::string* out)
+{
+    const int type = console.model;
+    std::map<int, const KEYROW*> bySlot;
+    for (const KEYROW& row : rows)
+        if (!row.numeric)
+            bySlot[row.slot] = &row;
+    auto rowOf = [&bySlot](int slot) -> const KEYROW* {
+        auto found = bySlot.find(slot);
+        return found == bySlot.end() ? nullptr : found->second;
+    };
+    auto labelOf = [&console](int slot) {
+        const KEYLINE* label = console.Label(slot);
+        return label ? label->record.text : std::string();
+    };
+
+    const PICTUREFRAME frame = PictureFrameOf(type);
+    const std::vector<CONSOLEKEY> keys = ConsoleKeys(type);
+    BOUNDS bounds;
+    const IMAGESIZE face = ImageSizeOf(frame.picture);
+    bounds.Add(frame.leftMargin, frame.pictureTop, face.width, face.height);
+    for (const CONSOLEKEY& key : keys) {
+        int width = 0, height = 0;
+        KeySize(key, &width, &height);
+        bounds.Add(key.left, key.top, width, height);
+    }
+    const IMAGESIZE strip = ImageSizeOf(ExtensionPicture(type));
+    for (int position = 0; position < console.extensions; position++) {
+        int x = 0, y = 0;
+        ExtensionStripOrigin(type, position, &x, &y);
+        bounds.Add(x, y, strip.width, strip.height);
+    }
+
+    const int margin = 4;
+    *out += "<svg xmlns=\"http://www.w3.org/2000/svg\" class=\"picture\" width=\"" +
+            Number(bounds.right - bounds.left + 2 * margin) + "\" height=\"" +
+            Number(bounds.bottom - bounds.top + 2 * margin) + "\" viewBox=\"" + Number(bounds.left - margin) + " " +
+            Number(bounds.top - margin) + " " + Number(bounds.right - bounds.left + 2 * margin) + " " +
+            Number(bounds.bottom - bounds.top + 2 * margin) + "\" font-family=\"Arial, sans-serif\">\n";
+    Picture(out, frame.picture, frame.leftMargin, frame.pictureTop, IsBoardView(type));
+    for (const CONSOLEKEY& key : keys)
+        Key(out, key, rowOf(key.id), PictureCaption(key.id));
+    for (const CONSOLEKEYLABEL& box : ConsoleKeyLabels(type))
+        LabelBox(out, box, labelOf(box.key));
+    // The extensions stand right of the console in slot order.
+    for (int slot = 0; slot < console.extensions; slot++) {
+        int x = 0, y = 0;
+        ExtensionStripOrigin(type, slot, &x, &y);
+        Picture(out, ExtensionPicture(type), x, y, false);
+        for (const CONSOLEKEY& key : ExtensionKeys(type, slot, slot))
+            Key(out, key, rowOf(key.id), std::to_string((key.id - EXTENSION_FIRST_KEY) % EXTENSION_KEY_COUNT + 1));
+        for (const CONSOLEKEYLABEL& box : ExtensionKeyLabels(type, slot, slot))
+            LabelBox(out, box, labelOf(box.key));
+    }
+    *out += "</svg>\n";
+}

@@ -1,0 +1,248 @@
+#include "keyrows.h"
+
+#include <string.h>
+
+#include "../../plugin/keys/keycatalogue.h"
+#include "../../plugin/console/keygeometry.h"
+
+#include "../../base/text.h"
+#include "../../base/banned.h"
+
+namespace {
+
+const char* const kKeypadCaptions[KEYPAD_KEY_COUNT] = {"1", "2", "3", "4", "5", "6", "7", "8",
+                                                       "9", "*", "0", "#", "Keypad 13", "Keypad 14", "Keypad 15"};
+
+const char* const kFaceCaptions[] = {
+    "DEL",        // 115
+    "ESC",        // 116
+    "Up arrow",   // 117
+    "Down arrow", // 118
+    "Wide key",   // 119
+    "Special 1",  // 120
+    "Special 2",  // 121
+    "Special 3",  // 122
+    "PTT",        // 123
+};
+
+const char* const kTriggerTexts[] = {"Push", "Switch", "Trigger"};
+const char* const kIndicatorTriggers[] = {"Push", "Toggle"};
+
+// Where a family keeps the numbers the report shows; -1 where it has none.
+struct FAMILYCELLS {
+    int priority;
+    int trigger;
+    int locked;
+};
+
+FAMILYCELLS CellsOf(int family)
+{
+    switch (family) {
+    case FAMILY_TALK: return {3, 4, 2};
+    case FAMILY_PTT: return {3, 4, -1};
+    case FAMILY_CHIME: return {3, 2, 1};
+    case FAMILY_ALARM: return {3, 2, 1};
+    case FAMILY_STOP: return {0, 2, 1};
+    case FAMILY_ON: return {0, -1, 1};
+    case FAMILY_EVAC: return {3, 4, 7};
+    case FAMILY_BUSINESS: return {3, 4, 5};
+    case FAMILY_ARITHMETIC: return {-1, -1, 1};
+    case FAMILY_INDICATOR: return {-1, 1, 2};
+    default: return {-1, -1, -1};
+    }
+}
+
+bool HasVariants(int family)
+{
+    return family == FAMILY_TALK || family == FAMILY_CHIME || family == FAMILY_ALARM || family == FAMILY_EVAC ||
+           family == FAMILY_BUSINESS || family == FAMILY_PTT;
+}
+
+std::string TriggerText(int family, int code)
+{
+    if (family == FAMILY_INDICATOR)
+        return code >= 0 && code < 2 ? kIndicatorTriggers[code] : FormatString("%d", code);
+    return code >= 0 && code < 3 ? kTriggerTexts[code] : FormatString("%d", code);
+}
+
+std::string AlarmToneText(int code)
+{
+    static const std::map<int, std::string> tones = AlarmToneTable(false);
+    auto found = tones.find(code);
+    return found == tones.end() ? FormatString("tone %d", code) : found->second;
+}
+
+std::string RecordName(const std::string& record)
+{
+    return record.substr(0, record.find(','));
+}
+
+void Join(std::string* text, const std::string& part)
+{
+    if (part.empty())
+        return;
+    if (!text->empty())
+        *text += "; ";
+    *text += part;
+}
+
+}  // namespace
+
+std::string KeyCaption(int slot)
+{
+    int extension = 0;
+    switch (KeyPlace(slot, &extension)) {
+    case PLACE_FACE:
+        if (slot < KEYPAD_KEY_COUNT)
+            return kKeypadCaptions[slot];
+        return kFaceCaptions[slot - KEY_DEL];
+    case PLACE_EXTENSION:
+        return "Ext " + std::to_string(extension + 1) + " / key " +
+               std::to_string((slot - EXTENSION_FIRST_KEY) % EXTENSION_KEY_COUNT + 1);
+    case PLACE_NONE:
+        break;
+    }
+    return FormatString("Slot %d", slot);
+}
+
+std::string NumericKeyCaption(int slot)
+{
+    return slot >= 0 && slot <= NUMERIC_KEY_LAST ? std::string("Numeric ") + kKeypadCaptions[slot]
+                                                 : FormatString("Numeric %d", slot);
+}
+
+KEYPLACE KeyPlace(int slot, int* extension)
+{
+    *extension = -1;
+    if ((slot >= 0 && slot < KEYPAD_KEY_COUNT) || (slot >= KEY_DEL && slot <= KEY_PTT))
+        return PLACE_FACE;
+    if (slot >= EXTENSION_FIRST_KEY && slot < EXTENSION_FIRST_KEY + EXTENSION_KEY_COUNT * EXTENSION_SLOT_COUNT) {
+        *extension = (slot - EXTENSION_FIRST_KEY) / EXTENSION_KEY_COUNT;
+        return PLACE_EXTENSION;
+    }
+    return PLACE_NONE;
+}
+
+DESTKIND DestinationKind(int32_t functionId)
+{
+    const int family = KeyFamily(functionId);
+    if (family == FAMILY_SELECT)
+        return functionId % 10 == 0 ? DEST_ZONE : DEST_GROUP;
+    if (!HasVariants(family))
+        return DEST_NONE;
+    switch (functionId % 10) {
+    case 1: return DEST_ZONE;
+    case 2: return DEST_GROUP;
+    default: return DEST_NONE;
+    }
+}
+
+bool CarriesMessage(const KEYSLOT& key, std::vector<std::string>* messages)
+{
+    messages->clear();
+    const int family = KeyFamily(key.functionId);
+    if (family == FAMILY_EVAC || family == FAMILY_BUSINESS) {
+        if (key.text2[0])
+            messages->push_back(key.text2);
+    } else if (family == FAMILY_TALK) {
+        // A set prechime is a recorded message ("NAME|NUMBER"); older keys
+        // carry a tone's name there instead.
+        if (key.cells[1] && strchr(key.text2, '|'))
+            messages->push_back(key.text2);
+        if (key.cells[9] && strchr(key.text3, '|'))
+            messages->push_back(key.text3);
+    }
+    return !messages->empty();
+}
+
+std::string InputChannel(const KEYSLOT& key)
+{
+    return KeyFamily(key.functionId) == FAMILY_ALARM ? key.text2 : std::string();
+}
+
+std::string LogicVariable(const KEYSLOT& key)
+{
+    return KeyFamily(key.functionId) == FAMILY_LOGICAL ? key.text1 : std::string();
+}
+
+void SplitDestination(const std::string& text, std::string* controller, std::string* name)
+{
+    const size_t point = text.find('.');
+    if (point == std::string::npos) {
+        controller->clear();
+        *name = text;
+        return;
+    }
+    *controller = text.substr(0, point);
+    *name = text.substr(point + 1);
+}
+
+std::string KeyKeyword(const KEYROW& row)
+{
+    if (row.numeric)
+        return "NumericKey" + std::to_string(row.slot);
+    const char digits[] = {'k', 'e', 'y', (char)('0' + row.slot / 100 % 10), (char)('0' + row.slot / 10 % 10),
+                           (char)('0' + row.slot % 10), '\0'};
+    return row.slot >= 0 && row.slot < 1000 ? std::string(digits) : "key" + std::to_string(row.slot);
+}
+
+KEYROW MakeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, bool numeric)
+{
+    KEYROW row;
+    row.numeric = numeric;
+    row.slot = line.slot;
+    row.line = line.record.line;
+    row.caption = numeric ? NumericKeyCaption(line.slot) : KeyCaption(line.slot);
+    // A special key's role decides what the device has there.
+    if (!numeric && line.slot >= KEY_SPECIAL_FIRST && line.slot <= KEY_SPECIAL_LAST) {
+        const int mode = console.specialModes[line.slot - KEY_SPECIAL_FIRST];
+        row.caption += mode == 1 ? " (alarm button)" : mode == 2 ? " (key switch)" : " (not used)";
+    }
+    ParseKeyRecord(line.record.text.c_str(), &row.key);
+    const KEYSLOT& key = row.key;
+    row.recordName = RecordName(line.record.text);
+    row.function = KeyFunctionName(key.functionId);
+    const int family = KeyFamily(key.functionId);
+    if (family == FAMILY_SELECT || DestinationKind(key.functionId) != DEST_NONE)
+        row.destination = key.text1;
+    else if (family == FAMILY_LOGICAL || family == FAMILY_ARITHMETIC)
+        row.destination = key.text1;
+
+    std::vector<std::string> messages;
+    if (CarriesMessage(key, &messages)) {
+        for (const std::string& message : messages)
+            Join(&row.message, message);
+    } else if (family == FAMILY_TALK && key.cells[1]) {
+        row.message = key.text2;  // an older key's prechime tone
+    }
+    if (family == FAMILY_ALARM) {
+        Join(&row.message, AlarmToneText(key.cells[KEYCELL_SECOND]));
+        if (key.text2[0])
+            Join(&row.message, std::string("input ") + key.text2);
+    }
+
+    const FAMILYCELLS cells = CellsOf(family);
+    if (cells.priority >= 0)
+        row.priority = std::to_string(key.cells[cells.priority]);
+    if (cells.trigger >= 0)
+        row.trigger = TriggerText(family, key.cells[cells.trigger]);
+    if (cells.locked >= 0)
+        row.locked = key.cells[cells.locked] ? "yes" : "no";
+    if (!numeric) {
+        if (const KEYLINE* label = console.Label(line.slot))
+            row.label = label->record.text;
+    }
+    row.mark = family == FAMILY_ALARM ? MARK_ALARM : family == FAMILY_EVAC ? MARK_EVAC : MARK_NONE;
+    return row;
+}
+
+std::vector<KEYROW> KeyRows(const CONSOLEDESIGN& console)
+{
+    std::vector<KEYROW> rows;
+    rows.reserve(console.keys.size() + console.numericKeyRecords.size());
+    for (const KEYLINE& line : console.keys)
+        rows.push_back(MakeKeyRow(console, line, false));
+    for (const KEYLINE& line : console.numericKeyRecords)
+        rows.push_back(MakeKeyRow(console, line, true));
+    return rows;
+}

@@ -1,0 +1,188 @@
+#include <stdlib.h>
+
+#include <algorithm>
+#include <map>
+
+#include "consolefacts.h"
+#include "labelfit.h"
+#include "reports.h"
+#include "../../plugin/console/keygeometry.h"
+
+#include "../../base/text.h"
+#include "../../base/banned.h"
+
+namespace {
+
+// An ordinary key's label box in the view; the label size scales from it.
+const double kBoxWidthPixels = 54.0;
+const double kBoxHeightPixels = 14.0;
+const double kPageMargin = 10.0;  // millimetres
+const double kCaptionHeight = 7.0;
+const double kBlockGap = 8.0;
+const double kCutMark = 1.5;       // length of a cut mark
+const double kCutGap = 0.5;        // between a corner and its marks
+const double kSmallestFont = 1.2;  // millimetres, about 3.4 points
+
+struct BLOCK {
+    std::string caption;
+    std::vector<CONSOLEKEYLABEL> boxes;
+    const CONSOLEDESIGN* console;
+};
+
+struct PLACEMENT {
+    double scaleX, scaleY;  // millimetres per pixel
+    double x, y;            // where the block's top-left box corner goes
+    float left, top;        // the block's top-left in pixels
+};
+
+void Line(std::string* out, double x1, double y1, double x2, double y2)
+{
+    *out += "<line x1=\"" + Number(x1) + "\" y1=\"" + Number(y1) + "\" x2=\"" + Number(x2) + "\" y2=\"" +
+            Number(y2) + "\"/>";
+}
+
+// Marks outside each corner, along both edges, so cutting follows them.
+void CutMarks(std::string* out, double x, double y, double width, double height)
+{
+    const double right = x + width, bottom = y + height;
+    *out += "<g class=\"cut\">";
+    Line(out, x - kCutGap - kCutMark, y, x - kCutGap, y);
+    Line(out, x, y - kCutGap - kCutMark, x, y - kCutGap);
+    Line(out, right + kCutGap, y, right + kCutGap + kCutMark, y);
+    Line(out, right, y - kCutGap - kCutMark, right, y - kCutGap);
+    Line(out, x - kCutGap - kCutMark, bottom, x - kCutGap, bottom);
+    Line(out, x, bottom + kCutGap, x, bottom + kCutGap + kCutMark);
+    Line(out, right + kCutGap, bottom, right + kCutGap + kCutMark, bottom);
+    Line(out, right, bottom + kCutGap, right, bottom + kCutGap + kCutMark);
+    *out += "</g>\n";
+}
+
+// A label window with its cut marks, drawn once per size and placed by reference.
+std::string WindowId(const CONSOLEKEYLABEL& box)
+{
+    return "window-" + Number(box.width) + "x" + Number(box.height);
+}
+
+void WindowDefinition(std::string* out, const std::string& id, double width, double height)
+{
+    *out += "<g id=\"" + id + "\"><rect class=\"window\" width=\"" + Number(width) + "\" height=\"" +
+            Number(height) + "\"/>";
+    CutMarks(out, 0, 0, width, height);
+    *out += "</g>\n";
+}
+
+void Label(std::string* out, const PLACEMENT& place, const CONSOLEKEYLABEL& box, const std::string& text)
+{
+    const double x = place.x + (box.x - place.left) * place.scaleX;
+    const double y = place.y + (box.y - place.top) * place.scaleY;
+    const double width = box.width * place.scaleX, height = box.height * place.scaleY;
+    *out += "<use xlink:href=\"#" + WindowId(box) + "\" x=\"" + Number(x) + "\" y=\"" + Number(y) + "\"/>";
+    if (text.empty()) {
+        *out += "\n";
+        return;
+    }
+    const double room = width - 1.0;
+    const FITTEDTEXT fitted = FitText(text, room, height * 0.7, std::min(kSmallestFont, height * 0.7));
+    *out += "<text x=\"" + Number(x + width / 2) + "\" y=\"" + Number(y + height / 2 + fitted.fontSize * 0.35) +
+            "\" font-size=\"" + Number(fitted.fontSize) + "\">";
+    AppendMarkup(out, fitted.text);
+    *out += "</text>\n";
+}
+
+void Extent(const std::vector<CONSOLEKEYLABEL>& boxes, float* left, float* top, float* right, float* bottom)
+{
+    *left = *top = 1e9f;
+    *right = *bottom = -1e9f;
+    for (const CONSOLEKEYLABEL& box : boxes) {
+        *left = std::min(*left, box.x);
+        *top = std::min(*top, box.y);
+        *right = std::max(*right, box.x + box.width);
+        *bottom = std::max(*bottom, box.y + box.height);
+    }
+}
+
+std::vector<BLOCK> Blocks(const DESIGNMODEL& model)
+{
+    std::vector<BLOCK> blocks;
+    for (const CONSOLEGROUP& group : GroupConsoles(model)) {
+        for (const CONSOLEDESIGN* console : group.consoles) {
+            const std::string shown = FactsOf(model, *console).displayName;
+            const std::string name = shown == console->name ? shown : shown + " (" + console->name + ")";
+            blocks.push_back(BLOCK{name + " - console", ConsoleKeyLabels(console->model), console});
+            for (int slot = 0; slot < console->extensions; slot++)
+                blocks.push_back(BLOCK{name + FormatString(" - extension %d", slot + 1),
+                                       ExtensionKeyLabels(console->model, slot, 0), console});
+        }
+    }
+    return blocks;
+}
+
+}  // namespace
+
+bool ParseLabelSize(const char* text, LABELSIZE* size)
+{
+    if (!text)
+        return false;
+    char* end = nullptr;
+    const double width = strtod(text, &end);
+    if (end == text || (*end != 'x' && *end != 'X'))
+        return false;
+    const char* second = end + 1;
+    const double height = strtod(second, &end);
+    if (end == second || *end != '\0')
+        return false;
+    if (!(width >= 1 && width <= 200 && height >= 1 && height <= 200))
+        return false;
+    size->width = width;
+    size->height = height;
+    return true;
+}
+
+void WriteLabelStrips(const DESIGNMODEL& model, const LABELSIZE& size, TEXTSINK* out)
+{
+    const double scaleX = size.width / kBoxWidthPixels, scaleY = size.height / kBoxHeightPixels;
+    const std::vector<BLOCK> blocks = Blocks(model);
+    // The page is as wide as the widest block and as long as all of them.
+    double pageWidth = 2 * kPageMargin + 60, pageHeight = 2 * kPageMargin;
+    for (const BLOCK& block : blocks) {
+        float left, top, right, bottom;
+        Extent(block.boxes, &left, &top, &right, &bottom);
+        pageWidth = std::max(pageWidth, 2 * kPageMargin + (right - left) * scaleX);
+        pageHeight += kCaptionHeight + (bottom - top) * scaleY + kBlockGap;
+    }
+    std::string& head = out->Buffer();
+    head += "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" "
+            "xmlns:xlink=\"http://www.w3.org/1999/xlink\" width=\"" +
+            Number(pageWidth) + "mm\" height=\"" + Number(pageHeight) + "mm\" viewBox=\"0 0 " + Number(pageWidth) +
+            " " + Number(pageHeight) + "\" font-family=\"Arial, Helvetica, sans-serif\">\n<title>Label strips: ";
+    AppendMarkup(&head, model.fileName);
+    head += FormatString("</title>\n<desc>Label windows of %s x %s mm; print at 100 %%.</desc>\n",
+                         Number(size.width).c_str(), Number(size.height).c_str());
+    head += "<style>.cut{stroke:#000;stroke-width:0.1}.window{fill:none;stroke:#bbb;stroke-width:0.05}"
+            "text{text-anchor:middle;fill:#000}.caption{text-anchor:start;font-size:3px;fill:#444}</style>\n";
+    // Every window size the blocks use: the keypad's and the wide key's.
+    std::map<std::string, bool> defined;
+    head += "<defs>\n";
+    for (const BLOCK& block : blocks)
+        for (const CONSOLEKEYLABEL& box : block.boxes)
+            if (defined.emplace(WindowId(box), true).second)
+                WindowDefinition(&head, WindowId(box), box.width * scaleX, box.height * scaleY);
+    head += "</defs>\n";
+    double y = kPageMargin;
+    for (const BLOCK& block : blocks) {
+        std::string& text = out->Buffer();
+        float left, top, right, bottom;
+        Extent(block.boxes, &left, &top, &right, &bottom);
+        text += "<text class=\"caption\" x=\"" + Number(kPageMargin) + "\" y=\"" + Number(y + 3.5) + "\">";
+        AppendMarkup(&text, block.caption);
+        text += "</text>\n";
+        const PLACEMENT place = {scaleX, scaleY, kPageMargin, y + kCaptionHeight, left, top};
+        for (const CONSOLEKEYLABEL& box : block.boxes) {
+            const KEYLINE* label = block.console->Label(box.key);
+            Label(&text, place, box, label ? label->record.text : std::string());
+        }
+        y += kCaptionHeight + (bottom - top) * scaleY + kBlockGap;
+        out->Spill();
+    }
+    out->Buffer() += "</svg>\n";
+}

@@ -1,0 +1,45 @@
+// The texts of the outputs: design texts escaped for HTML and SVG, CSV
+// fields, and the sink the outputs are written through. Platform-free.
+#pragma once
+
+#include <stdio.h>
+
+#include <string>
+
+// A design text (8-bit, Windows-1252) as UTF-8 with &, <, >, " and '
+// escaped and control characters dropped: safe in HTML and XML text and
+// attribute values alike.
+std::string EscapeMarkup(const std::string& text);
+void AppendMarkup(std::string* out, const std::string& text);
+
+// One RFC 4180 field: quoted when it holds a comma, quote, CR or LF, its
+// quotes doubled. The bytes stay the design's own.
+std::string CsvField(const std::string& text);
+
+// "12.35": millimetres and pixels in SVG, two decimals, no trailing zeros.
+std::string Number(double value);
+
+// Writes through a buffer to a file, or keeps everything when it has none.
+class TEXTSINK {
+public:
+    explicit TEXTSINK(FILE* file = nullptr) : m_file(file) {}
+    ~TEXTSINK() { Flush(); }
+    TEXTSINK(const TEXTSINK&) = delete;
+    TEXTSINK& operator=(const TEXTSINK&) = delete;
+
+    std::string& Buffer() { return m_buffer; }
+    // Hands the buffer to the file once it is large; call between parts.
+    void Spill()
+    {
+        if (m_file && m_buffer.size() >= (1u << 16))
+            Flush();
+    }
+    void Flush();
+    bool Failed() const { return m_failed; }
+    const std::string& Text() const { return m_buffer; }
+
+private:
+    FILE* m_file;
+    std::string m_buffer;
+    bool m_failed = false;
+};
