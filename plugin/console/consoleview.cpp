@@ -148,8 +148,18 @@ LRESULT View_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_CTLCOLORSTATIC:
         return TransparentStatic((HDC)wParam);
     case WM_CONTEXTMENU:
-        ShowKeyMenu(hwnd, view, POINT{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+        if (lParam == -1)  // from the keyboard: at the focus key
+            ShowFocusKeyMenu(hwnd, view);
+        else
+            ShowKeyMenu(hwnd, view, POINT{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
         return 0;
+    case WM_GETDLGCODE:
+        return DLGC_WANTARROWS | DLGC_WANTCHARS;
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN:
+        if (OnViewKeyDown(hwnd, view, wParam))
+            return 0;
+        return DefWindowProcA(hwnd, message, wParam, lParam);
     case WM_MOUSEMOVE:
         OnKeyMouseMove(hwnd, view, lParam);
         return 0;

@@ -184,3 +184,67 @@ TEST_F(KeyUndo, RemovingAnExtensionSaysWhatStaysBehind)
     EXPECT_TRUE(Undo(window));
     EXPECT_EQ(design.Get("ORNCST_1", "ExtensionCount"), "1");
 }
+
+TEST_F(KeyUndo, DeletingSeveralKeysIsOneStep)
+{
+    design.Edit("ORNCST_1*key003=Talk to Selection");
+    design.Edit("ORNCST_1*key004=Talk to Selection");
+    const std::vector<std::string> before = design.SavedLines();
+    SelectKey(window, 3);
+    SelectKey(window, 4);
+    SendMessageA(ConsoleView(window), WM_KEYDOWN, VK_DELETE, 0);
+    EXPECT_EQ(design.Get("ORNCST_1", "key003"), "Empty");
+    EXPECT_EQ(design.Get("ORNCST_1", "key004"), "Empty");
+    EXPECT_TRUE(Undo(window));
+    EXPECT_EQ(design.SavedLines(), before);
+}
+
+// The strokes as the keyboard types them, through the thread's input queue.
+void Type(const std::vector<WORD>& held, WORD key)
+{
+    std::vector<INPUT> inputs;
+    for (WORD modifier : held) {
+        INPUT down = {};
+        down.type = INPUT_KEYBOARD;
+        down.ki.wVk = modifier;
+        inputs.push_back(down);
+    }
+    INPUT stroke = {};
+    stroke.type = INPUT_KEYBOARD;
+    stroke.ki.wVk = key;
+    inputs.push_back(stroke);
+    stroke.ki.dwFlags = KEYEVENTF_KEYUP;
+    inputs.push_back(stroke);
+    for (auto modifier = held.rbegin(); modifier != held.rend(); ++modifier) {
+        INPUT up = {};
+        up.type = INPUT_KEYBOARD;
+        up.ki.wVk = *modifier;
+        up.ki.dwFlags = KEYEVENTF_KEYUP;
+        inputs.push_back(up);
+    }
+    SendInput((UINT)inputs.size(), inputs.data(), sizeof(INPUT));
+    MSG message;
+    while (PeekMessageA(&message, NULL, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+}
+
+TEST_F(KeyUndo, ControlZYAndShiftZReachTheWindowFromItsChildren)
+{
+    const std::vector<std::string> before = design.SavedLines();
+    design.Edit("ORNCST_1*key003=Talk to Selection");
+    const std::vector<std::string> after = design.SavedLines();
+    ShowWindow(window, SW_SHOW);
+    SetForegroundWindow(window);
+    SetFocus(ConsoleView(window));
+    if (GetFocus() != ConsoleView(window))
+        GTEST_SKIP() << "the display gives the window no keyboard focus";
+    Type({VK_CONTROL}, 'Z');
+    EXPECT_EQ(design.SavedLines(), before);
+    Type({VK_CONTROL}, 'Y');
+    EXPECT_EQ(design.SavedLines(), after);
+    Type({VK_CONTROL}, 'Z');
+    Type({VK_CONTROL, VK_SHIFT}, 'Z');
+    EXPECT_EQ(design.SavedLines(), after);
+}
