@@ -278,6 +278,8 @@ bool OnViewKeyDown(HWND hwnd, CONSOLEVIEW* view, WPARAM key)
     case 'C':
         if (!control)
             return false;
+        if (CopySelectedKeys(hwnd, view))
+            return true;
         if (FocusKey(view) >= 0 && FocusKey(view) < CONSOLE_KEY_COUNT &&
             CanCopyKey(view->console->m_keys[FocusKey(view)].functionId))
             RunKeyCommand(hwnd, view, FocusKey(view), IDM_KEY_COPY);
@@ -285,6 +287,8 @@ bool OnViewKeyDown(HWND hwnd, CONSOLEVIEW* view, WPARAM key)
     case 'V':
         if (!control)
             return false;
+        if (FocusKey(view) < 0 || PasteKeyBlockAt(hwnd, view, FocusKey(view)))
+            return true;
         if (KeyboardMayEdit(view, FocusKey(view)))
             RunKeyCommand(hwnd, view, FocusKey(view), IDM_KEY_PASTE);
         return true;

@@ -106,6 +106,12 @@ void OpenLabelEditor(HWND hwnd, CONSOLEVIEW* view, const CONSOLEKEYLABEL& label)
 void CloseLabelEditor(CONSOLEVIEW* view);
 void StoreEditedLabel(CONSOLEVIEW* view, HWND editor);
 
+// keyclipboard.cpp: several keys at once. Copy answers false when the
+// selection holds fewer than two keys to copy; paste when the clipboard holds
+// no block (the single-key "CONSOLEKEY" is then the one to take).
+bool CopySelectedKeys(HWND hwnd, CONSOLEVIEW* view);
+bool PasteKeyBlockAt(HWND hwnd, CONSOLEVIEW* view, int target);
+
 // keymenu.cpp
 void ShowKeyMenu(HWND hwnd, CONSOLEVIEW* view, POINT screen);
 // Carries out a key menu command on a key (scripts reach it without a menu).

@@ -248,3 +248,50 @@ TEST_F(KeyUndo, ControlZYAndShiftZReachTheWindowFromItsChildren)
     Type({VK_CONTROL, VK_SHIFT}, 'Z');
     EXPECT_EQ(design.SavedLines(), after);
 }
+
+TEST_F(KeyUndo, UndoingAPastedAlarmKeyTakesBackItsAnnouncement)
+{
+    auto sources = [this]() {
+        std::vector<std::string> found;
+        char source[256];
+        for (int i = 0; i < a_GetAlarmSourceCount(design.Root()); i++)
+            if (a_GetAlarmSource(design.Root(), i, source, sizeof source))
+                found.push_back(source);
+        return found;
+    };
+    ASSERT_TRUE(OpenClipboard(window));
+    EmptyClipboard();
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, 256);
+    strcpy_s(static_cast<char*>(GlobalLock(block)), 256, "Alarm to Zone,0,1,0,90,7,ORNCON_1.Hall,");
+    GlobalUnlock(block);
+    SetClipboardData(RegisterClipboardFormatA("CONSOLEKEY"), block);
+    CloseClipboard();
+    MenuCommand(window, 6, "Paste");
+    EXPECT_EQ(sources(), std::vector<std::string>{"ORNCST_1.key6"});
+    EXPECT_TRUE(Undo(window));
+    EXPECT_EQ(sources(), std::vector<std::string>{});
+    EXPECT_TRUE(Redo(window));
+    EXPECT_EQ(sources(), std::vector<std::string>{"ORNCST_1.key6"});
+}
+
+TEST_F(KeyUndo, APastedBlockIsOneStep)
+{
+    design.Edit("ORNCST_1*key003=Talk to Selection");
+    design.Edit("ORNCST_1*key004=Talk to Selection,0,1");
+    const std::vector<std::string> before = design.SavedLines();
+    SelectKey(window, 3);
+    SelectKey(window, 4);
+    BYTE keys[256] = {};
+    GetKeyboardState(keys);
+    keys[VK_CONTROL] = 0x80;
+    SetKeyboardState(keys);
+    SendMessageA(ConsoleView(window), WM_KEYDOWN, 'C', 0);
+    SelectKey(window, 9);
+    SendMessageA(ConsoleView(window), WM_KEYDOWN, 'V', 0);
+    keys[VK_CONTROL] = 0;
+    SetKeyboardState(keys);
+    EXPECT_EQ(design.Get("ORNCST_1", "key009"), design.Get("ORNCST_1", "key003"));
+    EXPECT_EQ(design.Get("ORNCST_1", "key010"), design.Get("ORNCST_1", "key004"));
+    EXPECT_TRUE(Undo(window));
+    EXPECT_EQ(design.SavedLines(), before);
+}
