@@ -51,6 +51,10 @@ enum SCRIPTVERB {
     SCRIPT_PANEL,
     SCRIPT_DROP,
     SCRIPT_PICK,
+    SCRIPT_UNDO,
+    SCRIPT_REDO,
+    SCRIPT_KEY,
+    SCRIPT_SELECTKEYS,
     SCRIPT_VERB_COUNT  // not a verb: the number of them, SCRIPT_NOTHING included
 };
 

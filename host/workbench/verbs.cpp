@@ -63,6 +63,13 @@ const SCRIPTVERBROW kVerbs[] = {
      "drags the key-function tree's FUNCTION (a node's first word or its id) onto key KEY of the configuration window"},
     {SCRIPT_PICK, "pick", "OBJ CONTROL VALUE",
      "sets control CONTROL of the key page as a user would (a list's item, a text, 1 or 0, a number; \"...\": the picker's entry, - cancels)"},
+    {SCRIPT_UNDO, "undo", "OBJ", "takes back the last key edit in the console's configuration window (Ctrl+Z)"},
+    {SCRIPT_REDO, "redo", "OBJ", "does the last undone key edit again (Ctrl+Y)"},
+    {SCRIPT_KEY, "key", "OBJ KEYNAME",
+     "types a key stroke on the configuration window's console view: ctrl+ and shift+ before a letter, a digit, left, "
+     "right, up, down, delete, enter, escape, f2, f10 or apps"},
+    {SCRIPT_SELECTKEYS, "selectkeys", "OBJ KEYS",
+     "clicks the keys (ids) in turn in the configuration window: they join the selection, the last one has the focus"},
     {SCRIPT_HELP, "help", "", "prints every command with its arguments and what it does"},
 };
 

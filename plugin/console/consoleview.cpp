@@ -153,6 +153,10 @@ LRESULT View_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
         else
             ShowKeyMenu(hwnd, view, POINT{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
         return 0;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+        OnViewFocus(hwnd, view, message == WM_SETFOCUS);
+        return 0;
     case WM_GETDLGCODE:
         return DLGC_WANTARROWS | DLGC_WANTCHARS;
     case WM_KEYDOWN:

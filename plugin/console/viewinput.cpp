@@ -297,6 +297,13 @@ bool OnViewKeyDown(HWND hwnd, CONSOLEVIEW* view, WPARAM key)
     }
 }
 
+void OnViewFocus(HWND hwnd, CONSOLEVIEW* view, bool gained)
+{
+    view->hasKeyboard = gained;
+    if (view->focusKey != NO_KEY)
+        InvalidateRect(hwnd, NULL, TRUE);
+}
+
 void ShowFocusKeyMenu(HWND hwnd, CONSOLEVIEW* view)
 {
     const CONSOLEKEY* key = FindViewKey(view, FocusKey(view));

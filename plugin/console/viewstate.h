@@ -30,6 +30,7 @@ struct CONSOLEVIEW {
     int keyOffsetX = 0;                    // 63 with page buttons; extension pages move the strip
     int editedKey = NO_KEY;
     int focusKey = NO_KEY;                 // the key the keyboard acts on (its mark is not the selection's)
+    bool hasKeyboard = false;              // the mark shows while the view has the keyboard focus
     int page = 0;                          // 0 side by side, 1 with page buttons, 2 extensions alone
     int selectedPage = 0;                  // 0 the console, k extension slot k - 1
     int stripCount = 0;                    // extension pictures drawn
@@ -71,6 +72,8 @@ void OnBlinkTimer(HWND hwnd, CONSOLEVIEW* view, WPARAM timer);
 void SetOperatingMode(CONSOLEVIEW* view, LPARAM lParam);
 // The view's keyboard: false for a stroke it leaves to the default procedure.
 bool OnViewKeyDown(HWND hwnd, CONSOLEVIEW* view, WPARAM key);
+// WM_SETFOCUS and WM_KILLFOCUS: the focus key's mark shows or goes.
+void OnViewFocus(HWND hwnd, CONSOLEVIEW* view, bool gained);
 // The key menu of the focus key, shown at the key (Shift+F10, the Menu key).
 void ShowFocusKeyMenu(HWND hwnd, CONSOLEVIEW* view);
 
