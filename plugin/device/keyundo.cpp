@@ -161,6 +161,12 @@ void NoteKeyEdit(CONSOLEPROPERTIES* c, const char* mergeTag)
     undo->extensions = step.extensionsAfter;
 }
 
+void AbsorbKeyEdit(CONSOLEPROPERTIES* c)
+{
+    if (c && c->m_undo && !c->m_undo->applying && c->m_undo->groups == 0)
+        Resync(c);
+}
+
 void SealKeyEdit(CONSOLEPROPERTIES* c)
 {
     if (c && c->m_undo)

@@ -16,6 +16,8 @@ void ForgetKeyHistory(CONSOLEPROPERTIES* c);
 // What changed since the last note becomes a step; a merge tag makes a run
 // of changes of one control a single step.
 void NoteKeyEdit(CONSOLEPROPERTIES* c, const char* mergeTag = nullptr);
+// What changed since the last note is taken as it is, without a step.
+void AbsorbKeyEdit(CONSOLEPROPERTIES* c);
 // Ends the run of the open merge tag.
 void SealKeyEdit(CONSOLEPROPERTIES* c);
 

@@ -241,10 +241,15 @@ void LoadControl(HWND dialog, KEYPAGESTATE* state, const PAGECONTROL& control, c
 }
 
 // A merge tag makes typing into one field (or holding its spin) one undo step.
-void Notify(KEYPAGESTATE* state, const char* mergeTag = nullptr)
+// A value the page forces when it opens is no change of the user's: undo
+// does not take it back (the page would only force it again).
+void Notify(KEYPAGESTATE* state, const char* mergeTag = nullptr, bool userChange = true)
 {
     CONSOLEPROPERTIES* c = state->console;
-    NoteKeyEdit(c, mergeTag);
+    if (userChange)
+        NoteKeyEdit(c, mergeTag);
+    else
+        AbsorbKeyEdit(c);
     c->NotifyConsoleView(KPM_KEYEDITED, 0, state->key);
     c->m_wFlags |= HOSTFLAG_EDITED;
     c->RefreshCanvas(true);
@@ -267,7 +272,7 @@ void BindKey(HWND dialog, KEYPAGESTATE* state, int key)
     ShowInputChannel(dialog, state->page, *slot);
     state->loading = false;
     if (forced)
-        Notify(state);
+        Notify(state, nullptr, false);
 }
 
 // ---- The user's changes ----------------------------------------------------------------

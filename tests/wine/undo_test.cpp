@@ -295,3 +295,13 @@ TEST_F(KeyUndo, APastedBlockIsOneStep)
     EXPECT_TRUE(Undo(window));
     EXPECT_EQ(design.SavedLines(), before);
 }
+
+TEST_F(KeyUndo, WhatAPageForcesWhenItOpensIsNoStep)
+{
+    const std::vector<std::string> before = design.SavedLines();
+    design.Edit("ORNCST_1*key005=Chime to Zone");
+    SelectKey(window, 5);  // the chime page sets its fixed field
+    EXPECT_TRUE(Undo(window));
+    EXPECT_EQ(design.SavedLines(), before);
+    EXPECT_FALSE(Undo(window));
+}
