@@ -490,6 +490,10 @@ TEST(Workbench, KeyStrokesUndoAndRedo)
         "get ORNCST_1 key008\n"
         "redo ORNCST_1\n"
         "redo ORNCST_1\n"
+        "drop ORNCST_1 Talk 5\n"
+        "get ORNCST_1 key005\n"
+        "undo ORNCST_1\n"
+        "get ORNCST_1 key005\n"
         "key ORNCST_1 hyper+q\n");
     const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
     EXPECT_EQ(run.exitCode, 1u) << run.err;  // the stroke that does not exist
@@ -500,4 +504,6 @@ TEST(Workbench, KeyStrokesUndoAndRedo)
                            "key008=Select Zone,0,ORNCON_1.Canteen\nORNCST_1: nothing to redo\n"),
               std::string::npos)
         << run.out;
+    EXPECT_NE(run.out.find("key005=Talk to Selection,"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("key005=Empty\n"), std::string::npos) << run.out;  // the drop taken back
 }
