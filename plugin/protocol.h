@@ -39,6 +39,8 @@ enum CONFIGURATIONMESSAGE : UINT {
     CFM_CONSOLERENAMED = WM_USER + 18, // forwarded by the canvas; to the manager tree: lParam the object
     CFM_SELECTCONSOLE = WM_USER + 20,  // lParam: a console's name
     CFM_SELECTBYNAME = WM_USER + 21,   // to the manager tree: lParam a console's name
+    CFM_UNDO = WM_USER + 40,           // takes back the last key edit; answers 1 when there was one
+    CFM_REDO = WM_USER + 41,           // does the last undone key edit again; answers 1 when there was one
 };
 
 // The device canvas.

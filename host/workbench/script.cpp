@@ -64,6 +64,8 @@ const PLACEHOLDER kPlaceholders[] = {
     {"[KEY]", ARG_NUMBER, &SCRIPTCOMMAND::text, &SCRIPTCOMMAND::key, 0, 127},
     {"[N|side|buttons]", ARG_CHOICE, &SCRIPTCOMMAND::text, &SCRIPTCOMMAND::code, INT_MIN, INT_MAX},
     {"OBJ*KEYWORD=VALUE", ARG_DESIGNLINE, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"KEYNAME", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"KEYS", ARG_REST, &SCRIPTCOMMAND::text, nullptr, 0, 0},
     {"VARIABLE=VALUE", ARG_ASSIGNMENT, &SCRIPTCOMMAND::text, &SCRIPTCOMMAND::value, INT_MIN, INT_MAX},
 };
 

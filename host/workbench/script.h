@@ -57,6 +57,10 @@ enum SCRIPTVERB {
     SCRIPT_TREESELECT,
     SCRIPT_MOVE,
     SCRIPT_MERGE,
+    SCRIPT_UNDO,
+    SCRIPT_REDO,
+    SCRIPT_KEY,
+    SCRIPT_SELECTKEYS,
     SCRIPT_VERB_COUNT  // not a verb: the number of them, SCRIPT_NOTHING included
 };
 

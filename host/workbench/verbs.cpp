@@ -71,6 +71,13 @@ const SCRIPTVERBROW kVerbs[] = {
     {SCRIPT_TREESELECT, "treeselect", "OBJ ITEM", "clicks the manager tree's item ITEM (its text or its object)"},
     {SCRIPT_MOVE, "move", "OBJ CONTROLLER", "drags console OBJ's item in its manager tree onto CONTROLLER"},
     {SCRIPT_MERGE, "merge", "FILE", "loads a design file into the open design: its objects are added"},
+    {SCRIPT_UNDO, "undo", "OBJ", "takes back the last key edit in the console's configuration window (Ctrl+Z)"},
+    {SCRIPT_REDO, "redo", "OBJ", "does the last undone key edit again (Ctrl+Y)"},
+    {SCRIPT_KEY, "key", "OBJ KEYNAME",
+     "types a key stroke on the configuration window's console view: ctrl+ and shift+ before a letter, a digit, left, "
+     "right, up, down, delete, enter, escape, f2, f10 or apps"},
+    {SCRIPT_SELECTKEYS, "selectkeys", "OBJ KEYS",
+     "clicks the keys (ids) in turn in the configuration window: they join the selection, the last one has the focus"},
     {SCRIPT_HELP, "help", "", "prints every command with its arguments and what it does"},
 };
 

@@ -100,6 +100,7 @@ extern const VERBHANDLERS kPanelVerbs;        // panelverbs.cpp
 extern const VERBHANDLERS kFirmwareVerbs;     // firmwarecommand.cpp
 extern const VERBHANDLERS kConfigurationVerbs; // configurationverbs.cpp
 extern const VERBHANDLERS kKeyEditorVerbs;     // keyeditorverbs.cpp
+extern const VERBHANDLERS kKeyboardVerbs;      // keyboardverbs.cpp
 // The key editor of a configuration window: a key clicked so that its page
 // opens ("select OBJ KEY"), the page printed ("page OBJ").
 bool SelectEditorKey(const std::string& object, int key);

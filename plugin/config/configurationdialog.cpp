@@ -187,6 +187,7 @@ void Reinitialize(HWND hwnd, CONFIGURATIONSTATE* state, CONSOLEPROPERTIES* conso
         if (state->console->m_hConfiguration == hwnd)
             state->console->m_hConfiguration = NULL;
         state->console->m_configurationOpen = false;
+        StopUndo(state);
         state->console = console;
         console->m_hConfiguration = hwnd;
         console->m_configurationOpen = true;
@@ -204,6 +205,7 @@ void Reinitialize(HWND hwnd, CONFIGURATIONSTATE* state, CONSOLEPROPERTIES* conso
         state->shownOnline = -1;
         state->fireMonitoringEnabled = state->emergencyKeysEnabled = -1;
         SendMessageA(state->managerView, CFM_SELECTBYNAME, 0, (LPARAM)console->m_szName);
+        StartUndo(hwnd, state);
     }
     char title[HOSTNAME_SIZE + 32];
     FormatText(title, sizeof title, "%s - Configuration", state->console->m_szName);
@@ -260,6 +262,7 @@ LRESULT Configuration_Create(HWND hwnd, const CREATESTRUCTA* create)
     Reinitialize(hwnd, state, nullptr);
     RebuildKeyPanel(hwnd, state);
     SelectTab(hwnd, state, console->m_configurationTab);
+    StartUndo(hwnd, state);
     Tick(hwnd, state);
     SetTimer(hwnd, TIMER_POLL, kTickPeriod, NULL);
     return 0;
@@ -368,6 +371,9 @@ void Configuration_Close(HWND hwnd, CONFIGURATIONSTATE* state)
 void Configuration_Destroy(HWND hwnd, CONFIGURATIONSTATE* state)
 {
     KillTimer(hwnd, TIMER_POLL);
+    StopUndo(state);
+    if (state->undoKeys)
+        UnhookWindowsHookEx(state->undoKeys);
     if (state->console->m_hConfiguration == hwnd)
         state->console->m_hConfiguration = NULL;
     state->console->m_configurationOpen = false;
@@ -416,6 +422,9 @@ LRESULT Configuration_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lP
     case CFM_CONSOLERENAMED:  // from the canvas: the manager tree shows the new name
         SendMessageA(state->managerView, message, wParam, lParam);
         return 0;
+    case CFM_UNDO:
+    case CFM_REDO:
+        return RunUndo(hwnd, state, message == CFM_REDO);
     case CFM_SETOFFLINE:  // the canvas says offline (1) or online (0): the view designs or operates
         SendMessageA(state->consoleView, CVM_SETEDITMODE, 0, lParam ? 1 : 0);
         return 0;

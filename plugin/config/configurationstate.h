@@ -35,6 +35,7 @@ struct CONFIGURATIONSTATE {
     bool rebuildNoted = false;
     HWND keyPage = NULL;         // the key-function editor panel
     int keyPageKey = -1;         // the key it edits
+    HHOOK undoKeys = NULL;       // Ctrl+Z, Ctrl+Y and Ctrl+Shift+Z anywhere in the window
 };
 
 // The column (configurationcolumn.cpp).
@@ -44,6 +45,12 @@ void GreyDependentOptions(CONFIGURATIONSTATE* state);
 void RefreshSelector(CONFIGURATIONSTATE* state);
 // Shows or hides every widget of the column but the online indicator's.
 void ShowColumn(CONFIGURATIONSTATE* state, bool show);
+
+// Undo and redo of the key edits (undokeys.cpp).
+void StartUndo(HWND hwnd, CONFIGURATIONSTATE* state);
+void StopUndo(CONFIGURATIONSTATE* state);
+// CFM_UNDO and CFM_REDO: 1 when a step was taken.
+LRESULT RunUndo(HWND hwnd, CONFIGURATIONSTATE* state, bool redo);
 
 // The key-function editor panel (keypanel.cpp).
 void RebuildKeyPanel(HWND hwnd, CONFIGURATIONSTATE* state);

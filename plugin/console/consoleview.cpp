@@ -53,6 +53,19 @@ void View_Destroy(HWND hwnd, CONSOLEVIEW* view)
     FreeWindowState<CONSOLEVIEW>(hwnd);
 }
 
+// The keys of a removed extension stay in the design and are still sent to
+// the controller while no one sees them: the output pane says so.
+void ReportLeftKeys(CONSOLEPROPERTIES* c, int extension)
+{
+    int configured = 0;
+    for (int key = 20 * extension - 5; key <= 20 * extension + 14 && key < CONSOLE_KEY_COUNT; key++)
+        if (c->m_keys[key].functionId != 0)
+            ++configured;
+    if (configured > 0)
+        EDITTRACE(c->m_pHost ? c->m_pHost : c, "Extension %d removed; its %d configured keys stay in the design",
+                  extension, configured);
+}
+
 void ChangeExtensions(HWND hwnd, CONSOLEVIEW* view, bool add)
 {
     CONSOLEPROPERTIES* c = view->console;
@@ -65,10 +78,13 @@ void ChangeExtensions(HWND hwnd, CONSOLEVIEW* view, bool add)
         MessageBoxA(NULL, "No extension available for deletion!", "DOVRIXC", MB_OK);
         return;
     }
+    const int present = PresentExtensions(slots);
     if (add)
         AddExtensionSlot(slots);
     else
         RemoveExtensionSlot(slots);
+    if (!add)
+        ReportLeftKeys(c, present);
     c->m_settings.extensionCount = PresentExtensions(slots);
     c->MarkEdited();
     SendMessageA(hwnd, CVM_SETPAGE, 0, view->page % 3);
@@ -132,8 +148,22 @@ LRESULT View_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_CTLCOLORSTATIC:
         return TransparentStatic((HDC)wParam);
     case WM_CONTEXTMENU:
-        ShowKeyMenu(hwnd, view, POINT{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+        if (lParam == -1)  // from the keyboard: at the focus key
+            ShowFocusKeyMenu(hwnd, view);
+        else
+            ShowKeyMenu(hwnd, view, POINT{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
         return 0;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+        OnViewFocus(hwnd, view, message == WM_SETFOCUS);
+        return 0;
+    case WM_GETDLGCODE:
+        return DLGC_WANTARROWS | DLGC_WANTCHARS;
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN:
+        if (OnViewKeyDown(hwnd, view, wParam))
+            return 0;
+        return DefWindowProcA(hwnd, message, wParam, lParam);
     case WM_MOUSEMOVE:
         OnKeyMouseMove(hwnd, view, lParam);
         return 0;

@@ -9,11 +9,14 @@
 
 #include <algorithm>
 
+#include "keynavigation.h"
 #include "viewrules.h"
+#include "../device/keyundo.h"
 #include "../device/consoleproperties.h"
 #include "../entry/module.h"
 #include "../keys/keycatalogue.h"
 #include "../protocol.h"
+#include "../resources/resource.h"
 
 #include "../../base/text.h"
 #include "../../base/window.h"
@@ -123,6 +126,7 @@ void PressKey(HWND hwnd, CONSOLEVIEW* view, const CONSOLEKEY& key)
 void DesignClick(HWND hwnd, CONSOLEVIEW* view, const CONSOLEKEY* key, LPARAM lParam)
 {
     if (key) {
+        view->focusKey = key->id;
         SelectKey(hwnd, view, key->id);
         return;
     }
@@ -172,7 +176,143 @@ void DragRubberBand(HWND hwnd, CONSOLEVIEW* view, LPARAM lParam)
     DrawFocusRect(hdc, &band);
 }
 
+// ---- The keyboard ---------------------------------------------------------------------
+
+bool Pressed(int key)
+{
+    return GetKeyState(key) < 0;
+}
+
+// The keyboard has the mouse's limits: what has no menu is neither cleared
+// nor pasted onto, and a console whose host flag bit 2 is set keeps its keys.
+bool KeyboardMayEdit(const CONSOLEVIEW* view, int key)
+{
+    if (key < 0 || key >= CONSOLE_KEY_COUNT || view->console->IsOnline())
+        return false;
+    return KeyMenuFor(ConsoleType(view), key, view->console->m_settings.decadicSelectionActive != 0) != KEYMENU_NONE;
+}
+
+int FocusKey(const CONSOLEVIEW* view)
+{
+    if (view->focusKey != NO_KEY)
+        return view->focusKey;
+    if (!view->selection.empty())
+        return view->selection.front();
+    return view->keys.empty() ? NO_KEY : view->keys.front().id;
+}
+
+void MoveFocus(HWND hwnd, CONSOLEVIEW* view, KEYDIRECTION direction)
+{
+    const int next = NeighbourKey(view->keys, FocusKey(view), direction);
+    if (next < 0)
+        return;
+    view->focusKey = next;
+    view->selection.assign(1, next);
+    view->console->SelectKeyForEditor(next);
+    InvalidateRect(hwnd, NULL, TRUE);
+}
+
+void ClearSelectedKeys(HWND hwnd, CONSOLEVIEW* view)
+{
+    std::vector<int> keys = view->selection;
+    if (keys.empty() && view->focusKey != NO_KEY)
+        keys.push_back(view->focusKey);
+    KEYEDITGROUP step(view->console);  // one undo step for them all
+    for (int key : keys)
+        if (KeyboardMayEdit(view, key) && CanClearKey(view->console->m_keys[key].functionId))
+            RunKeyCommand(hwnd, view, key, IDM_KEY_CLEAR);
+}
+
+void EditFocusLabel(HWND hwnd, CONSOLEVIEW* view)
+{
+    const int key = FocusKey(view);
+    if (key == KEY_WIDE)
+        return;  // it has no label editor
+    for (const CONSOLEKEYLABEL& label : view->labels)
+        if (label.key == key) {
+            OpenLabelEditor(hwnd, view, label);
+            return;
+        }
+}
+
+void SelectEveryKey(HWND hwnd, CONSOLEVIEW* view)
+{
+    view->selection.clear();
+    for (const CONSOLEKEY& key : view->keys)
+        view->selection.push_back(key.id);
+    InvalidateRect(hwnd, NULL, TRUE);
+}
+
 }  // namespace
+
+bool OnViewKeyDown(HWND hwnd, CONSOLEVIEW* view, WPARAM key)
+{
+    if (!view->kind->designs || !view->editMode)
+        return false;
+    const bool control = Pressed(VK_CONTROL);
+    switch (key) {
+    case VK_LEFT: MoveFocus(hwnd, view, KEYDIRECTION_LEFT); return true;
+    case VK_RIGHT: MoveFocus(hwnd, view, KEYDIRECTION_RIGHT); return true;
+    case VK_UP: MoveFocus(hwnd, view, KEYDIRECTION_UP); return true;
+    case VK_DOWN: MoveFocus(hwnd, view, KEYDIRECTION_DOWN); return true;
+    case VK_DELETE:
+        ClearSelectedKeys(hwnd, view);
+        return true;
+    case VK_F2:
+    case VK_RETURN:
+        EditFocusLabel(hwnd, view);
+        return true;
+    case VK_APPS:
+        ShowFocusKeyMenu(hwnd, view);
+        return true;
+    case VK_F10:
+        if (!Pressed(VK_SHIFT))
+            return false;
+        ShowFocusKeyMenu(hwnd, view);
+        return true;
+    case 'A':
+        if (!control)
+            return false;
+        SelectEveryKey(hwnd, view);
+        return true;
+    case 'C':
+        if (!control)
+            return false;
+        if (CopySelectedKeys(hwnd, view))
+            return true;
+        if (FocusKey(view) >= 0 && FocusKey(view) < CONSOLE_KEY_COUNT &&
+            CanCopyKey(view->console->m_keys[FocusKey(view)].functionId))
+            RunKeyCommand(hwnd, view, FocusKey(view), IDM_KEY_COPY);
+        return true;
+    case 'V':
+        if (!control)
+            return false;
+        if (FocusKey(view) < 0 || PasteKeyBlockAt(hwnd, view, FocusKey(view)))
+            return true;
+        if (KeyboardMayEdit(view, FocusKey(view)))
+            RunKeyCommand(hwnd, view, FocusKey(view), IDM_KEY_PASTE);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void OnViewFocus(HWND hwnd, CONSOLEVIEW* view, bool gained)
+{
+    view->hasKeyboard = gained;
+    if (view->focusKey != NO_KEY)
+        InvalidateRect(hwnd, NULL, TRUE);
+}
+
+void ShowFocusKeyMenu(HWND hwnd, CONSOLEVIEW* view)
+{
+    const CONSOLEKEY* key = FindViewKey(view, FocusKey(view));
+    if (!key)
+        return;
+    POINT at = {key->left + key->frameWidth / 2 - view->scrollPosition, key->top + key->frameHeight / 2};
+    ClientToScreen(hwnd, &at);
+    ShowKeyMenu(hwnd, view, at);
+}
 
 void CreateKeyTooltip(HWND hwnd, CONSOLEVIEW* view)
 {
@@ -201,8 +341,10 @@ void OnKeyButtonDown(HWND hwnd, CONSOLEVIEW* view, LPARAM lParam)
             PressKey(hwnd, view, *key);
         return;
     }
-    if (view->kind->designs)
+    if (view->kind->designs) {
+        SetFocus(hwnd);  // the keyboard acts on the picture now
         DesignClick(hwnd, view, key, lParam);
+    }
 }
 
 void OnKeyButtonUp(HWND hwnd, CONSOLEVIEW* view, LPARAM lParam)

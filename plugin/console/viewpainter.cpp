@@ -163,6 +163,14 @@ void DrawSelection(HDC hdc, const CONSOLEVIEW* view, int dx)
                       key.top + key.frameHeight + 2);
         }
     }
+    // The keyboard's key: a dotted frame outside the selection's.
+    for (const CONSOLEKEY& key : view->keys) {
+        if (key.id != view->focusKey || !view->hasKeyboard)
+            continue;
+        const RECT mark = {key.left + dx - 4, key.top - 4, key.left + dx + key.frameWidth + 4,
+                           key.top + key.frameHeight + 4};
+        DrawFocusRect(hdc, &mark);
+    }
 }
 
 }  // namespace

@@ -29,6 +29,8 @@ struct CONSOLEVIEW {
     PICTUREFRAME frame = {};
     int keyOffsetX = 0;                    // 63 with page buttons; extension pages move the strip
     int editedKey = NO_KEY;
+    int focusKey = NO_KEY;                 // the key the keyboard acts on (its mark is not the selection's)
+    bool hasKeyboard = false;              // the mark shows while the view has the keyboard focus
     int page = 0;                          // 0 side by side, 1 with page buttons, 2 extensions alone
     int selectedPage = 0;                  // 0 the console, k extension slot k - 1
     int stripCount = 0;                    // extension pictures drawn
@@ -68,6 +70,12 @@ void OnKeyScroll(HWND hwnd, CONSOLEVIEW* view, WPARAM wParam);
 LRESULT OnKeyHitTest(CONSOLEVIEW* view, WPARAM wParam, LPARAM lParam);
 void OnBlinkTimer(HWND hwnd, CONSOLEVIEW* view, WPARAM timer);
 void SetOperatingMode(CONSOLEVIEW* view, LPARAM lParam);
+// The view's keyboard: false for a stroke it leaves to the default procedure.
+bool OnViewKeyDown(HWND hwnd, CONSOLEVIEW* view, WPARAM key);
+// WM_SETFOCUS and WM_KILLFOCUS: the focus key's mark shows or goes.
+void OnViewFocus(HWND hwnd, CONSOLEVIEW* view, bool gained);
+// The key menu of the focus key, shown at the key (Shift+F10, the Menu key).
+void ShowFocusKeyMenu(HWND hwnd, CONSOLEVIEW* view);
 
 // viewlayout.cpp
 void CreateHeaderControls(HWND hwnd, CONSOLEVIEW* view);
@@ -100,6 +108,12 @@ LRESULT TransparentStatic(HDC hdc);
 void OpenLabelEditor(HWND hwnd, CONSOLEVIEW* view, const CONSOLEKEYLABEL& label);
 void CloseLabelEditor(CONSOLEVIEW* view);
 void StoreEditedLabel(CONSOLEVIEW* view, HWND editor);
+
+// keyclipboard.cpp: several keys at once. Copy answers false when the
+// selection holds fewer than two keys to copy; paste when the clipboard holds
+// no block (the single-key "CONSOLEKEY" is then the one to take).
+bool CopySelectedKeys(HWND hwnd, CONSOLEVIEW* view);
+bool PasteKeyBlockAt(HWND hwnd, CONSOLEVIEW* view, int target);
 
 // keymenu.cpp
 void ShowKeyMenu(HWND hwnd, CONSOLEVIEW* view, POINT screen);

@@ -4,6 +4,7 @@
 
 #include "consolekeywords.h"
 #include "designlines.h"
+#include "keyundo.h"
 #include "liveconsoles.h"
 #include "../protocol.h"
 #include "../console/consoleview.h"
@@ -50,6 +51,7 @@ CONSOLEPROPERTIES::CONSOLEPROPERTIES()
 CONSOLEPROPERTIES::~CONSOLEPROPERTIES()
 {
     RemoveLiveConsole(this);
+    StopKeyHistory(this);
     ZeroMemory(m_keys, sizeof m_keys);
     ZeroMemory(m_numericKeys, sizeof m_numericKeys);
     a_EmptyStringList(&m_strings);
@@ -69,6 +71,7 @@ void CONSOLEPROPERTIES::RefreshCanvas(bool erase)
 
 void CONSOLEPROPERTIES::MarkEdited()
 {
+    NoteKeyEdit(this);
     m_wFlags |= HOSTFLAG_EDITED;
     if (m_hNotify)
         PostMessageA(m_hNotify, WM_HOST_LOADED, 0, 0);
@@ -117,6 +120,10 @@ LRESULT CONSOLEPROPERTIES::LoadLine(WPARAM mode, LPARAM lParam)
         return 0;
     }
     REQUEST request = {REQ_WRITE, index, REQTYPE_TEXT, (int32_t)mode, value, nullptr, nullptr};
+    if (mode == REQMODE_DESIGNFILE)
+        ForgetKeyHistory(this);
+    // The edit and the lines its handler feeds back are one step of the undo history.
+    KEYEDITGROUP step(mode == REQMODE_DESIGNFILE ? nullptr : this);
     if (!entry.handler(&request, this)) {
         EDITTRACE(m_pHost ? m_pHost : this, "Error reading line %s", key);
         return 0;

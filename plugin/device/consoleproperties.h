@@ -9,6 +9,8 @@
 #include "keywordtable.h"
 #include "../keys/keyrecord.h"
 
+struct CONSOLEUNDO;
+
 class CONSOLEPROPERTIES final : public HOSTINFO {
 public:
     CONSOLEPROPERTIES();
@@ -71,6 +73,9 @@ public:
     // tick after the mark (it takes the mark down).
     int32_t m_selectedKey = -1;
     bool m_keyChangeMark = false;
+    // The undo history of the keys while the configuration window is open
+    // (keyundo.h), else null.
+    CONSOLEUNDO* m_undo = nullptr;
     void SelectKeyForEditor(int key)
     {
         m_selectedKey = key;

@@ -10,6 +10,7 @@
 #include "pagetable.h"
 #include "pickers.h"
 #include "../device/consoleproperties.h"
+#include "../device/keyundo.h"
 #include "../entry/module.h"
 #include "../keys/keycatalogue.h"
 #include "../protocol.h"
@@ -239,9 +240,16 @@ void LoadControl(HWND dialog, KEYPAGESTATE* state, const PAGECONTROL& control, c
     }
 }
 
-void Notify(KEYPAGESTATE* state)
+// A merge tag makes typing into one field (or holding its spin) one undo step.
+// A value the page forces when it opens is no change of the user's: undo
+// does not take it back (the page would only force it again).
+void Notify(KEYPAGESTATE* state, const char* mergeTag = nullptr, bool userChange = true)
 {
     CONSOLEPROPERTIES* c = state->console;
+    if (userChange)
+        NoteKeyEdit(c, mergeTag);
+    else
+        AbsorbKeyEdit(c);
     c->NotifyConsoleView(KPM_KEYEDITED, 0, state->key);
     c->m_wFlags |= HOSTFLAG_EDITED;
     c->RefreshCanvas(true);
@@ -264,7 +272,7 @@ void BindKey(HWND dialog, KEYPAGESTATE* state, int key)
     ShowInputChannel(dialog, state->page, *slot);
     state->loading = false;
     if (forced)
-        Notify(state);
+        Notify(state, nullptr, false);
 }
 
 // ---- The user's changes ----------------------------------------------------------------
@@ -385,13 +393,18 @@ void Page_Command(HWND dialog, KEYPAGESTATE* state, WPARAM wParam)
     if (!control || !slot || state->loading)
         return;
     bool stored = false;
+    std::string mergeTag;
     switch (HIWORD(wParam)) {
+    case EN_KILLFOCUS:
+        SealKeyEdit(state->console);  // the next typing there is a step of its own
+        break;
     case CBN_SELCHANGE:
         stored = StoreSelection(dialog, state, *control, slot);
         break;
     case EN_CHANGE:
         stored = (control->kind == PC_TEXT || control->kind == PC_NUMBER || control->kind == PC_REAL) &&
                  StoreEdit(dialog, *control, slot);
+        mergeTag = FormatString("key%d:%d", state->key, control->control);
         break;
     case BN_CLICKED:
         stored = (control->kind == PC_CHECK || control->kind == PC_RADIO || control->kind == PC_BIT ||
@@ -402,7 +415,7 @@ void Page_Command(HWND dialog, KEYPAGESTATE* state, WPARAM wParam)
         break;
     }
     if (stored)
-        Notify(state);
+        Notify(state, mergeTag.empty() ? nullptr : mergeTag.c_str());
 }
 
 INT_PTR Page_Colours(HDC hdc, COLORREF colour, int brush)

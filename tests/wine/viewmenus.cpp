@@ -57,6 +57,24 @@ MENURUN ViewMenuAt(HWND view, int x, int y, const std::string& choice)
     return run;
 }
 
+MENURUN ViewMenuByKey(HWND view, UINT key, bool shift, const std::string& choice)
+{
+    MENURUN run;
+    run.choice = choice;
+    BYTE keys[256] = {};
+    GetKeyboardState(keys);
+    keys[VK_SHIFT] = shift ? 0x80 : 0;
+    SetKeyboardState(keys);
+    SetPropA(view, kMenuRun, &run);
+    HHOOK hook = SetWindowsHookExA(WH_CALLWNDPROC, MenuHook, NULL, GetCurrentThreadId());
+    SendMessageA(view, WM_KEYDOWN, key, 0);
+    UnhookWindowsHookEx(hook);
+    RemovePropA(view, kMenuRun);
+    keys[VK_SHIFT] = 0;
+    SetKeyboardState(keys);
+    return run;
+}
+
 int ViewHitTest(HWND view, int x, int y)
 {
     int id = -1;

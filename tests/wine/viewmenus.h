@@ -16,6 +16,8 @@ struct MENURUN {
 
 // Opens the view's menu at the client point x, y; empty items when none opened.
 MENURUN ViewMenuAt(HWND view, int x, int y, const std::string& choice);
+// Opens the view's menu with a key stroke (Shift held when asked) and chooses as above.
+MENURUN ViewMenuByKey(HWND view, UINT key, bool shift, const std::string& choice);
 // The view's hit test (CVM_HITTEST): the key at a client point, or -1.
 int ViewHitTest(HWND view, int x, int y);
 // The text of the window's tool, from whichever tooltip window holds it.

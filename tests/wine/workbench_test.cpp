@@ -463,3 +463,47 @@ TEST(Workbench, KeyEditorAssignsKeysThroughTheTreeAndThePages)
     EXPECT_NE(design.find("ELKCST_2*key007=Alarm to Selection,0,0,0,0,3,,\r\n"), std::string::npos);
     EXPECT_NE(design.find("ELKCST_2*key116=Empty\r\n"), std::string::npos);
 }
+
+// The keyboard verbs: keys clicked into the selection, copied as a block and
+// pasted further on, the arrows and Delete, undo and redo.
+TEST(Workbench, KeyStrokesUndoAndRedo)
+{
+    const std::string folder = TempFolder();
+    const std::string script = WriteScript(
+        "online ORNCST_1 off\n"  // an online console is not edited
+        "open ORNCST_1\n"
+        "undo ORNCST_1\n"
+        "selectkeys ORNCST_1 0 1\n"
+        "key ORNCST_1 ctrl+c\n"
+        "selectkeys ORNCST_1 7\n"
+        "key ORNCST_1 ctrl+v\n"
+        "get ORNCST_1 key007\n"
+        "get ORNCST_1 key008\n"
+        "undo ORNCST_1\n"
+        "get ORNCST_1 key008\n"
+        "key ORNCST_1 ctrl+y\n"
+        "get ORNCST_1 key008\n"
+        "key ORNCST_1 right\n"
+        "key ORNCST_1 delete\n"
+        "get ORNCST_1 key008\n"
+        "key ORNCST_1 ctrl+z\n"
+        "get ORNCST_1 key008\n"
+        "redo ORNCST_1\n"
+        "redo ORNCST_1\n"
+        "drop ORNCST_1 Talk 5\n"
+        "get ORNCST_1 key005\n"
+        "undo ORNCST_1\n"
+        "get ORNCST_1 key005\n"
+        "key ORNCST_1 hyper+q\n");
+    const RUN run = Workbench("\"" + SourcePath("samples/sample.ds") + "\" --script \"" + script + "\"");
+    EXPECT_EQ(run.exitCode, 1u) << run.err;  // the stroke that does not exist
+    EXPECT_NE(run.err.find("no key stroke hyper+q"), std::string::npos) << run.err;
+    EXPECT_NE(run.out.find("ORNCST_1: nothing to undo\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("key007=Select Zone,0,ORNCON_1.Hall\nkey008=Select Zone,0,ORNCON_1.Canteen\n"
+                           "key008=Empty\nkey008=Select Zone,0,ORNCON_1.Canteen\nkey008=Empty\n"
+                           "key008=Select Zone,0,ORNCON_1.Canteen\nORNCST_1: nothing to redo\n"),
+              std::string::npos)
+        << run.out;
+    EXPECT_NE(run.out.find("key005=Talk to Selection,"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("key005=Empty\n"), std::string::npos) << run.out;  // the drop taken back
+}
