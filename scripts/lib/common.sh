@@ -17,8 +17,13 @@ PACKAGES=(cmake make g++ pkg-config
 SUDO=""
 [ "$(id -u)" -ne 0 ] && SUDO=sudo
 
+# Under pipefail no pipeline may end in a reader that stops early (grep -q,
+# head): the writer dies of SIGPIPE and the test fails at random. Outputs are
+# read into variables first and tested there.
 installed() {
-    dpkg-query -W -f='${Status}' "$1" 2>/dev/null | grep -q "install ok installed"
+    local status
+    status=$(dpkg-query -W -f='${Status}' "$1" 2>/dev/null)
+    [[ $status == *"install ok installed"* ]]
 }
 
 # apt-get update, once a run. Its status is not trusted either way: an index
@@ -52,6 +57,8 @@ ensure_packages() {
 # twin whose amd64 version has no i386 build goes to the newest version both
 # have, on both architectures.
 WINE32=0
+# 1 when the package sources offer wine32:i386: then the product must be tested.
+WINE32_OFFERED=0
 ensure_wine32() {
     if installed wine32:i386; then
         WINE32=1
@@ -60,17 +67,23 @@ ensure_wine32() {
     local started=$SECONDS release pins
     release=$(. /etc/os-release && printf '%s' "${VERSION_CODENAME:-}")
     log "installing 32-bit Wine (wine32:i386)"
-    if ! dpkg --print-foreign-architectures | grep -qx i386; then
+    local foreign
+    foreign=$(dpkg --print-foreign-architectures)
+    if ! grep -qx i386 <<<"$foreign"; then
         $SUDO dpkg --add-architecture i386 || { no_wine32 "the i386 architecture cannot be added"; return 1; }
         APT_UPDATED=""
     fi
     apt_update
-    if ! apt-cache policy wine32:i386 2>/dev/null | grep -q '^  Candidate: [^(]'; then
+    local policy
+    policy=$(apt-cache policy wine32:i386 2>/dev/null)
+    if ! grep -q '^  Candidate: [^(]' <<<"$policy"; then
         no_wine32 "the package sources offer no wine32:i386"
         return 1
     fi
+    WINE32_OFFERED=1
     # The release as the package sources name it; else no target at all.
-    apt-cache policy 2>/dev/null | grep -q "n=$release," || release=""
+    policy=$(apt-cache policy 2>/dev/null)
+    grep -q "n=$release," <<<"$policy" || release=""
     pins=$(twin_pins "$release") || { no_wine32 "an i386 library has no version in common with its amd64 twin"; return 1; }
     local command=(apt-get install -y -q --no-install-recommends --allow-downgrades ${release:+-t "$release"} wine32:i386 $pins)
     # Dry run first: nothing of this machine is removed for it.
@@ -139,11 +152,20 @@ twin_pins() {
         }'
 }
 
+# first_match PATTERN...: the first existing path of a glob, or nothing.
+first_match() {
+    local path
+    for path in "$@"; do
+        [ -e "$path" ] && { printf '%s' "$path"; return 0; }
+    done
+    return 1
+}
+
 # minizip's unzip/zip sources from Debian's zlib source package, unpacked once
 # into build/deps (never into the repository). Prints the minizip folder.
 minizip_source() {
     local deps="$BUILD/deps" found
-    found=$(ls -d "$deps"/zlib-*/contrib/minizip 2>/dev/null | head -n 1)
+    found=$(first_match "$deps"/zlib-*/contrib/minizip) || found=""
     if [ -z "$found" ]; then
         log "fetching Debian's zlib source package for minizip"
         local list=/etc/apt/sources.list.d/dovrixc-deb-src.sources
@@ -155,7 +177,7 @@ minizip_source() {
         apt_update
         mkdir -p "$deps"
         (cd "$deps" && apt-get source -q zlib >"$BUILD/deps.log" 2>&1) || { tail -n 20 "$BUILD/deps.log" >&2; return 1; }
-        found=$(ls -d "$deps"/zlib-*/contrib/minizip 2>/dev/null | head -n 1)
+        found=$(first_match "$deps"/zlib-*/contrib/minizip) || found=""
     fi
     [ -n "$found" ] && printf '%s' "$found"
 }
