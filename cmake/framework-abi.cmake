@@ -24,10 +24,11 @@ set(FRAMEWORK_ABI_OUTPUTS
     ${FRAMEWORK_ABI_DIR}/vftables.ld
     ${FRAMEWORK_ABI_DIR}/names.tsv
     ${FRAMEWORK_ABI_DIR}/layout.txt
-    ${FRAMEWORK_ABI_DIR}/layout_check.h)
+    ${FRAMEWORK_ABI_DIR}/layout_check.h
+    ${FRAMEWORK_ABI_DIR}/exported_names.h)
 add_custom_command(
     OUTPUT ${FRAMEWORK_ABI_OUTPUTS}
-    COMMAND ${Python3_EXECUTABLE} ${CMAKE_SOURCE_DIR}/tools/abi/abinames.py
+    COMMAND ${Python3_EXECUTABLE} ${CMAKE_SOURCE_DIR}/tools/abi/abinames.py derive
             --arch ${CMAKE_SYSTEM_PROCESSOR} --include ${CMAKE_SOURCE_DIR}/host/include --out ${FRAMEWORK_ABI_DIR}
     DEPENDS ${CMAKE_SOURCE_DIR}/tools/abi/abinames.py
             ${CMAKE_SOURCE_DIR}/host/include/analyze.h

@@ -14,6 +14,7 @@
 #include <string.h>
 
 #include "analyze_host.h"
+#include "exported_names.h"  // made by the build from the same header
 
 extern "C" int _fltused = 0;
 void* operator new(size_t size) { return HeapAlloc(GetProcessHeap(), HEAP_ZERO_MEMORY, size ? size : 1); }
@@ -216,15 +217,15 @@ void CallExports(HMODULE plugin, HOSTINFO* console)
     typedef void*(__thiscall * ASSIGN)(void* self, const void* other);
     typedef HBITMAP(__thiscall * GETBITMAP)(void* self);
     typedef UINT(__thiscall * GETSIZE)(void* self);
-    const void* const* table = reinterpret_cast<const void* const*>(GetProcAddress(plugin, "??_7HOSTINFO@@6B@"));
-    FARPROC has = GetProcAddress(plugin, "?HasHostinfoTable@HOSTINFO@@UAEHXZ");
-    FARPROC get = GetProcAddress(plugin, "?GetHostinfoTable@HOSTINFO@@UAEPAVCHashTable@@XZ");
+    const void* const* table = reinterpret_cast<const void* const*>(GetProcAddress(plugin, MS_HOSTINFO_vftable));
+    FARPROC has = GetProcAddress(plugin, MS_HOSTINFO_HasHostinfoTable);
+    FARPROC get = GetProcAddress(plugin, MS_HOSTINFO_GetHostinfoTable);
     Check(table && has && get && table[0] == reinterpret_cast<const void*>(has) &&
               table[1] == reinterpret_cast<const void*>(get),
           "HOSTINFO's exported table begins with its first slots");
 
-    HOSTCOPY copy = reinterpret_cast<HOSTCOPY>(GetProcAddress(plugin, "??0HOSTINFO@@QAE@ABV0@@Z"));
-    ASSIGN assign = reinterpret_cast<ASSIGN>(GetProcAddress(plugin, "??4HOSTINFO@@QAEAAV0@ABV0@@Z"));
+    HOSTCOPY copy = reinterpret_cast<HOSTCOPY>(GetProcAddress(plugin, MS_HOSTINFO_construct));
+    ASSIGN assign = reinterpret_cast<ASSIGN>(GetProcAddress(plugin, MS_HOSTINFO_assign));
     Check(copy && assign, "the copy constructor and assignment are exported");
     if (copy && assign && table) {
         void* first = operator new(sizeof(HOSTINFO));
@@ -250,27 +251,27 @@ void CallExports(HMODULE plugin, HOSTINFO* console)
     from.m_hBitmap = reinterpret_cast<HBITMAP>(2);
     from.m_hOldBitmap = reinterpret_cast<HBITMAP>(3);
     from.m_x = 4, from.m_y = 5, from.m_cx = 6, from.m_cy = 7;
-    ASSIGN offAssign = reinterpret_cast<ASSIGN>(GetProcAddress(plugin, "??4cOffScreen@@QAEAAV0@ABV0@@Z"));
-    GETBITMAP offBitmap = reinterpret_cast<GETBITMAP>(GetProcAddress(plugin, "?GetBitmap@cOffScreen@@QAEPAUHBITMAP__@@XZ"));
+    ASSIGN offAssign = reinterpret_cast<ASSIGN>(GetProcAddress(plugin, MS_cOffScreen_assign));
+    GETBITMAP offBitmap = reinterpret_cast<GETBITMAP>(GetProcAddress(plugin, MS_cOffScreen_GetBitmap));
     Check(offAssign && offBitmap && offAssign(&to, &from) == &to && memcmp(&to, &from, sizeof to) == 0 &&
-              sizeof to == 7 * sizeof(void*) && offBitmap(&to) == from.m_hBitmap,
-          "cOffScreen's seven words are copied and its bitmap read");
+              sizeof to == 3 * sizeof(void*) + 4 * sizeof(int) && offBitmap(&to) == from.m_hBitmap,
+          "cOffScreen's seven fields are copied and its bitmap read");
 
     cBackground background, other;
     background.m_hBitmap = reinterpret_cast<HBITMAP>(9);
     background.m_cx = 10, background.m_cy = 11;
-    ASSIGN backAssign = reinterpret_cast<ASSIGN>(GetProcAddress(plugin, "??4cBackground@@QAEAAV0@ABV0@@Z"));
+    ASSIGN backAssign = reinterpret_cast<ASSIGN>(GetProcAddress(plugin, MS_cBackground_assign));
     GETBITMAP backBitmap =
-        reinterpret_cast<GETBITMAP>(GetProcAddress(plugin, "?GetBitmap@cBackground@@QAEPAUHBITMAP__@@XZ"));
+        reinterpret_cast<GETBITMAP>(GetProcAddress(plugin, MS_cBackground_GetBitmap));
     Check(backAssign && backBitmap && backAssign(&other, &background) == &other &&
               memcmp(&other, &background, sizeof other) == 0 && backBitmap(&other) == background.m_hBitmap,
           "cBackground is copied and its bitmap read");
 
     TAVOBitmap none, copied;
     copied.m_lastStatus = 99;
-    ASSIGN imageAssign = reinterpret_cast<ASSIGN>(GetProcAddress(plugin, "??4TAVOBitmap@@QAEAAV0@ABV0@@Z"));
-    GETSIZE width = reinterpret_cast<GETSIZE>(GetProcAddress(plugin, "?GetWidth@TAVOBitmap@@QAEIXZ"));
-    GETSIZE height = reinterpret_cast<GETSIZE>(GetProcAddress(plugin, "?GetHeight@TAVOBitmap@@QAEIXZ"));
+    ASSIGN imageAssign = reinterpret_cast<ASSIGN>(GetProcAddress(plugin, MS_TAVOBitmap_assign));
+    GETSIZE width = reinterpret_cast<GETSIZE>(GetProcAddress(plugin, MS_TAVOBitmap_GetWidth));
+    GETSIZE height = reinterpret_cast<GETSIZE>(GetProcAddress(plugin, MS_TAVOBitmap_GetHeight));
     Check(imageAssign && imageAssign(&copied, &none) == &copied && copied.m_lastStatus == 0 && width && height &&
               width(&copied) == 0 && copied.m_lastStatus != 0 && height(&copied) == 0,
           "TAVOBitmap is copied; without an image its sizes are 0 and the failure is kept");

@@ -259,7 +259,9 @@ def write_outputs(arch, rows, out):
     # constructors as Microsoft's callers expect them.
     with open(os.path.join(out, "constructors.cpp"), "w") as f:
         f.write("// Made by tools/abi/abinames.py from the framework's header.\n")
-        f.write('#include <new>\n#include "analyze.h"\n\n')
+        f.write('#include <new>\n#include "analyze.h"\n')
+        f.write('// GCC reads the shared types as Microsoft\'s compiler does, or no module builds.\n')
+        f.write('#include "layout_check.h"\n\n')
         for row in rows:
             if row[4] != "CXXConstructorDecl":
                 continue
@@ -271,6 +273,13 @@ def write_outputs(arch, rows, out):
             if scope:
                 body = "#ifdef %s\n%s#endif\n" % (scope, body)
             f.write(body)
+    # Microsoft's names of the exported members, for a host that looks them up.
+    with open(os.path.join(out, "exported_names.h"), "w") as f:
+        f.write("// Made by tools/abi/abinames.py: Microsoft's names of what every module exports.\n#pragma once\n")
+        for row in inline:
+            cls, member = row[3].split(" ")[0].split("::")
+            member = {"operator=": "assign", cls: "construct", "`vftable'": "vftable"}.get(member, member)
+            f.write('#define MS_%s_%s "%s"\n' % (cls, member, row[1]))
     with open(os.path.join(out, "vftables.ld"), "w") as f:
         for row in rows:
             if row[4] == "vftable":
@@ -322,15 +331,113 @@ def write_layout(msvc, out, pointer):
         f.write("\n".join(asserts) + "\n#pragma GCC diagnostic pop\n")
 
 
+def golden_text(out):
+    """What must not change without the real framework changing: Microsoft's
+    names of everything that crosses the boundary, HOSTINFO's slots and the
+    shared types' layouts."""
+    with open(os.path.join(out, "names.tsv")) as f:
+        # The stand-in's own host operations (analyze_host.h) are no part of it.
+        names = ["%s\t%s" % (row[0], row[1]) for row in (line.rstrip("\n").split("\t") for line in f)
+                 if row[0] != "host"]
+    with open(os.path.join(out, "layout.txt")) as f:
+        layout = f.read()
+    return "\n".join(sorted(names)) + "\n\n" + layout
+
+
+def pe_tables(path, arch):
+    """The names a module imports from Analyze.dll and the names it exports."""
+    tool = "%s-w64-mingw32-objdump" % arch
+    text = subprocess.run([tool, "-p", path], capture_output=True, text=True, check=True).stdout
+    imports, exports, section = [], [], None
+    for line in text.splitlines():
+        if line.startswith("\tDLL Name: "):
+            section = "analyze" if line.split(": ", 1)[1].lower() == "analyze.dll" else "other"
+        elif line.startswith("[Ordinal/Name Pointer] Table"):
+            section = "exports"
+        elif not line.strip():
+            if section == "exports":
+                section = None
+        elif section == "analyze":
+            fields = line.split()
+            if len(fields) == 3 and fields[0] != "vma:":
+                imports.append(fields[2])
+        elif section == "exports":
+            m = re.match(r"\s*\[\s*\d+\]\s+(\S+)", line)
+            if m:
+                exports.append(m.group(1))
+    return imports, exports
+
+
+class Report:
+    def __init__(self):
+        self.failed = 0
+
+    def check(self, ok, name, why=""):
+        print(("ok %s" % name) if ok else ("FAIL %s: %s" % (name, why)))
+        self.failed += 0 if ok else 1
+
+
+def check(arch, out, bin_dir, golden, plugin_exports):
+    report = Report()
+    with open(os.path.join(out, "names.tsv")) as f:
+        rows = [line.rstrip("\n").split("\t") for line in f]
+    framework = {r[1] for r in rows if r[0] == "framework"}
+    analyze = {r[1] for r in rows if r[0] in ("framework", "host")}
+    inline = {r[1] for r in rows if r[0] in ("inline", "vftable")}
+
+    with open(golden) as f:
+        expected = f.read()
+    actual = golden_text(out)
+    report.check(actual == expected, "Microsoft's names, HOSTINFO's slots and the shared layouts are the framework's",
+                 "they differ from %s (diff it against %s and %s)" % (golden, os.path.join(out, "names.tsv"),
+                                                                      os.path.join(out, "layout.txt")))
+
+    for module, exports_expected in (("DOVRIXC.dll", inline | set(plugin_exports)),
+                                     ("Controllers.dll", None), ("Analyze.dll", analyze | inline)):
+        imports, exports = pe_tables(os.path.join(bin_dir, module), arch)
+        gcc = [n for n in imports + exports if n.startswith("_Z")]
+        report.check(not gcc, "%s imports and exports no name in GCC's decoration" % module, " ".join(gcc))
+        if module != "Analyze.dll":
+            stray = [n for n in imports if n not in framework]
+            report.check(imports and not stray, "%s imports from Analyze.dll only the framework's operations" % module,
+                         " ".join(stray) or "no import found")
+            readable = subprocess.run(["llvm-undname"] + imports, capture_output=True, text=True).stdout
+            report.check("error" not in readable.lower(),
+                         "%s's imports read as declarations of the framework's header" % module, readable)
+            report.check(inline <= set(exports), "%s exports the header-inline members and HOSTINFO's table" % module,
+                         " ".join(sorted(inline - set(exports))))
+        if exports_expected is not None:
+            report.check(set(exports) == exports_expected, "%s exports exactly its own names" % module,
+                         "extra: %s missing: %s" % (" ".join(sorted(set(exports) - exports_expected)),
+                                                    " ".join(sorted(exports_expected - set(exports)))))
+    return report.failed
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("--arch", choices=sorted(ARCHES), required=True)
-    parser.add_argument("--include", required=True, help="the folder of analyze.h")
-    parser.add_argument("--out", required=True)
+    commands = parser.add_subparsers(dest="command", required=True)
+    make = commands.add_parser("derive", help="write the names, definition files and layouts")
+    make.add_argument("--arch", choices=sorted(ARCHES), required=True)
+    make.add_argument("--include", required=True, help="the folder of analyze.h")
+    make.add_argument("--out", required=True)
+    hold = commands.add_parser("check", help="hold the built modules and the names against the framework's")
+    hold.add_argument("--arch", choices=sorted(ARCHES), required=True)
+    hold.add_argument("--out", required=True, help="the folder derive wrote")
+    hold.add_argument("--bin", required=True, help="the folder of the built modules")
+    hold.add_argument("--golden", required=True, help="the framework's names and layouts (tests/abi)")
+    hold.add_argument("--golden-write", action="store_true", help="write the golden file from what derive found")
     args = parser.parse_args()
     try:
-        derive(args.arch, os.path.abspath(args.include), os.path.abspath(args.out))
-    except Failure as failure:
+        if args.command == "derive":
+            derive(args.arch, os.path.abspath(args.include), os.path.abspath(args.out))
+            return 0
+        if args.golden_write:
+            with open(args.golden, "w") as f:
+                f.write(golden_text(args.out))
+            return 0
+        return 1 if check(args.arch, args.out, args.bin, args.golden,
+                          ["fnCallback", "l_FileOpen", "EnumChildDrawBackground"]) else 0
+    except (Failure, OSError, subprocess.CalledProcessError) as failure:
         print("abinames: %s" % failure, file=sys.stderr)
         return 1
     return 0
