@@ -89,6 +89,11 @@ BOOL CHashTable::Remove(LPCSTR key)
     return FALSE;
 }
 
+int CHashTable::GetCount() const
+{
+    return m_count;
+}
+
 void CHashTable::RemoveAll()
 {
     if (!m_buckets)

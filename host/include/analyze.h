@@ -25,16 +25,63 @@
 
 #include "analyze_request.h"
 
+// The real framework and host are built with Microsoft's compiler, so this
+// header is read by two compilers: Microsoft's (or clang in its mode, which
+// the tests use as its stand-in) and MinGW's GCC, which builds the plug-ins.
+// Both must make the same binary of it: the same field offsets, the same
+// virtual-table slots, and the same names at the module boundary.
+//
+// Names: Microsoft's compiler decorates C++ names its own way, and the real
+// framework exports and imports under those names. GCC cannot write them
+// (its assembler takes no "?" in a symbol), so under GCC the exports are
+// made by module definition files and the imports by an import library that
+// maps each of GCC's names to Microsoft's, both derived at build time from
+// this header by clang in Microsoft mode (tools/abi). GCC therefore marks
+// nothing of the framework exported here; Microsoft's compiler does.
+#if defined(_MSC_VER)
 #ifdef ANALYZE_BUILD
 #define ANALYZE_API __declspec(dllexport)
 #else
 #define ANALYZE_API __declspec(dllimport)
 #endif
-
-// The header-inline members of the framework's classes are exported by every
-// module that includes this header, as the framework's own header always did.
-#define ANALYZE_INLINE_CLASS __declspec(dllexport)
+// The header-inline members a module exports, as the framework's own header
+// declares them: every module that includes the header exports them.
 #define ANALYZE_INLINE __declspec(dllexport)
+#else
+#ifdef ANALYZE_BUILD
+#define ANALYZE_API
+#else
+#define ANALYZE_API __declspec(dllimport)
+#endif
+// Made in every translation unit, so that each module has them to export.
+#define ANALYZE_INLINE __attribute__((used))
+#endif
+
+// printf-style checking of the trace functions where the compiler has it.
+#if defined(__clang__)
+#define ANALYZE_PRINTF(formatAt, argumentsAt) __attribute__((format(__printf__, formatAt, argumentsAt)))
+#elif defined(__GNUC__)
+#define ANALYZE_PRINTF(formatAt, argumentsAt) __attribute__((format(__gnu_printf__, formatAt, argumentsAt)))
+#else
+#define ANALYZE_PRINTF(formatAt, argumentsAt)
+#endif
+
+// Microsoft's compiler gathers the overloads of one virtual function at the
+// place of the first and gives them their slots last-declared first; GCC
+// gives every function its slot in the order of declaration. The overloads
+// below are declared in the framework's order; GCC is handed them reversed,
+// so that both compilers make the same table of them.
+#define ANALYZE_UNPARENTHESIZE(...) __VA_ARGS__
+#define ANALYZE_DECLARATION(declaration) ANALYZE_UNPARENTHESIZE declaration
+#if defined(_MSC_VER)
+#define ANALYZE_OVERLOADS2(a, b) ANALYZE_DECLARATION(a) ANALYZE_DECLARATION(b)
+#define ANALYZE_OVERLOADS4(a, b, c, d) ANALYZE_OVERLOADS2(a, b) ANALYZE_OVERLOADS2(c, d)
+#define ANALYZE_OVERLOADS5(a, b, c, d, e) ANALYZE_OVERLOADS4(a, b, c, d) ANALYZE_DECLARATION(e)
+#else
+#define ANALYZE_OVERLOADS2(a, b) ANALYZE_DECLARATION(b) ANALYZE_DECLARATION(a)
+#define ANALYZE_OVERLOADS4(a, b, c, d) ANALYZE_OVERLOADS2(c, d) ANALYZE_OVERLOADS2(a, b)
+#define ANALYZE_OVERLOADS5(a, b, c, d, e) ANALYZE_DECLARATION(e) ANALYZE_OVERLOADS4(a, b, c, d)
+#endif
 
 // The host's protocol: messages the host sends to an object's window (the
 // WM_APP range; a widget's window answers WM_HOST_GETHOSTINFO too).
@@ -106,7 +153,7 @@ public:
     BOOL Add(LPCSTR key, void* value);      // replaces an existing key
     void* Lookup(LPCSTR key) const;
     BOOL Remove(LPCSTR key);
-    int GetCount() const { return m_count; }
+    int GetCount() const;
     void RemoveAll();
     // Calls visit for every entry until it answers FALSE.
     typedef BOOL (*VISITOR)(LPCSTR key, void* value, void* context);
@@ -121,7 +168,7 @@ private:
     int m_count;
 };
 
-class ANALYZE_INLINE_CLASS HOSTINFO {
+class HOSTINFO {
 public:
     HOSTINFO()
         : m_hWnd(NULL), m_wFlags(0), m_hNotify(NULL), m_pHost(NULL),
@@ -154,26 +201,33 @@ public:
     virtual LRESULT OnSystem(WPARAM, LPARAM) { return 0; }
     virtual LRESULT OnInitialize(WPARAM, LPARAM) { return 0; }
     virtual LRESULT OnDelete(WPARAM, LPARAM) { return 0; }
-    virtual BOOL OnGet(LPCSTR /*name*/, int* /*value*/) { return FALSE; }
-    virtual BOOL OnGet(LPCSTR /*name*/, double* /*value*/) { return FALSE; }
-    virtual BOOL OnGet(LPCSTR /*name*/, LPSTR /*text*/, int /*size*/) { return FALSE; }
-    virtual BOOL OnGet(LPCSTR /*name*/, LPSTR /*text*/, int /*size*/, int /*index*/) { return FALSE; }
-    virtual BOOL OnSet(LPCSTR /*name*/, const void* /*block*/, int /*size*/) { return FALSE; }
-    virtual BOOL OnSet(LPCSTR /*name*/, int /*value*/) { return FALSE; }
-    virtual BOOL OnSet(LPCSTR /*name*/, double /*value*/) { return FALSE; }
-    virtual BOOL OnSet(LPCSTR /*name*/, LPCSTR /*text*/) { return FALSE; }
-    virtual BOOL OnSet(LPCSTR /*name*/, LPCSTR /*text*/, int /*index*/) { return FALSE; }
+    // The forms of OnGet: integer, float, text, and text with an index.
+    ANALYZE_OVERLOADS4(
+        (virtual BOOL OnGet(LPCSTR /*name*/, int* /*value*/) { return FALSE; }),
+        (virtual BOOL OnGet(LPCSTR /*name*/, double* /*value*/) { return FALSE; }),
+        (virtual BOOL OnGet(LPCSTR /*name*/, LPSTR /*text*/, int /*size*/) { return FALSE; }),
+        (virtual BOOL OnGet(LPCSTR /*name*/, LPSTR /*text*/, int /*size*/, int /*index*/) { return FALSE; }))
+    // The forms of OnSet: memory block, integer, float, text, text with an index.
+    ANALYZE_OVERLOADS5(
+        (virtual BOOL OnSet(LPCSTR /*name*/, const void* /*block*/, int /*size*/) { return FALSE; }),
+        (virtual BOOL OnSet(LPCSTR /*name*/, int /*value*/) { return FALSE; }),
+        (virtual BOOL OnSet(LPCSTR /*name*/, double /*value*/) { return FALSE; }),
+        (virtual BOOL OnSet(LPCSTR /*name*/, LPCSTR /*text*/) { return FALSE; }),
+        (virtual BOOL OnSet(LPCSTR /*name*/, LPCSTR /*text*/, int /*index*/) { return FALSE; }))
     virtual LRESULT OnUpdate(WPARAM, LPARAM) { return 0; }
     // A source (a device object) asks to be connected: name of the source,
     // and the target's parameters, e.g. "PORT,ADDRESS,MODEL".
-    virtual BOOL OnConnectSource(LPCSTR /*source*/, LPCSTR /*params*/) { return FALSE; }
-    virtual BOOL OnConnectSource(HOSTINFO* /*source*/, LPCSTR /*params*/) { return FALSE; }
+    ANALYZE_OVERLOADS2(
+        (virtual BOOL OnConnectSource(LPCSTR /*source*/, LPCSTR /*params*/) { return FALSE; }),
+        (virtual BOOL OnConnectSource(HOSTINFO* /*source*/, LPCSTR /*params*/) { return FALSE; }))
     virtual BOOL OnConnectTarget(LPCSTR /*target*/, LPCSTR /*params*/) { return FALSE; }
-    virtual BOOL OnChangeAddress(LPCSTR /*source*/, LPCSTR /*params*/) { return FALSE; }
-    virtual BOOL OnChangeAddress(HOSTINFO* /*source*/, LPCSTR /*params*/) { return FALSE; }
+    ANALYZE_OVERLOADS2(
+        (virtual BOOL OnChangeAddress(LPCSTR /*source*/, LPCSTR /*params*/) { return FALSE; }),
+        (virtual BOOL OnChangeAddress(HOSTINFO* /*source*/, LPCSTR /*params*/) { return FALSE; }))
     // "PORT,ADDRESS" of the position the source leaves.
-    virtual BOOL OnDisconnectSource(LPCSTR /*source*/, LPCSTR /*params*/) { return FALSE; }
-    virtual BOOL OnDisconnectSource(HOSTINFO* /*source*/, LPCSTR /*params*/) { return FALSE; }
+    ANALYZE_OVERLOADS2(
+        (virtual BOOL OnDisconnectSource(LPCSTR /*source*/, LPCSTR /*params*/) { return FALSE; }),
+        (virtual BOOL OnDisconnectSource(HOSTINFO* /*source*/, LPCSTR /*params*/) { return FALSE; }))
     virtual HOSTINFO* OnGetHostinfo(LPCSTR /*name*/) { return NULL; }
     virtual BOOL OnGetTooltip(LPSTR /*text*/, int /*size*/) { return FALSE; }
     virtual int OnGetActiveLayer() { return 0; }
@@ -233,7 +287,7 @@ private:
 };
 
 // An off-screen bitmap to draw into and blit from (seven words).
-class ANALYZE_INLINE_CLASS cOffScreen {
+class cOffScreen {
 public:
     cOffScreen() : m_hdc(NULL), m_hBitmap(NULL), m_hOldBitmap(NULL), m_x(0), m_y(0), m_cx(0), m_cy(0) {}
     ANALYZE_INLINE cOffScreen& operator=(const cOffScreen& other)
@@ -256,7 +310,7 @@ public:
 };
 
 // A window background held as a bitmap.
-class ANALYZE_INLINE_CLASS cBackground {
+class cBackground {
 public:
     cBackground() : m_hBitmap(NULL), m_cx(0), m_cy(0) {}
     ANALYZE_INLINE cBackground& operator=(const cBackground& other)
@@ -273,7 +327,7 @@ public:
 };
 
 // A GDI+ image with the status of its last failing call.
-class ANALYZE_INLINE_CLASS TAVOBitmap {
+class TAVOBitmap {
 public:
     TAVOBitmap() : m_pImage(NULL), m_lastStatus(0) {}
     explicit TAVOBitmap(Gdiplus::GpImage* image) : m_pImage(image), m_lastStatus(0) {}
@@ -396,6 +450,6 @@ ANALYZE_API HWND a_FindHwnd(HOSTINFO* owner, LPCSTR name);
 // ---- Diagnostics ----------------------------------------------------------
 
 // Developer trace: the debugger output and, when set, the trace file.
-ANALYZE_API void TRACE(LPCSTR format, ...) __attribute__((format(gnu_printf, 1, 2)));
+ANALYZE_API void TRACE(LPCSTR format, ...) ANALYZE_PRINTF(1, 2);
 // A line for the user in the output window of obj's design.
-ANALYZE_API void EDITTRACE(HOSTINFO* obj, LPCSTR format, ...) __attribute__((format(gnu_printf, 2, 3)));
+ANALYZE_API void EDITTRACE(HOSTINFO* obj, LPCSTR format, ...) ANALYZE_PRINTF(2, 3);

@@ -6,12 +6,13 @@ JOBS=$(nproc 2>/dev/null || echo 2)
 
 log() { printf '== %s\n' "$*" >&2; }
 
-# Debian packages the builds and tests need. 32-bit Wine (wine32:i386) comes
-# separately, through ensure_wine32.
+# Debian packages the builds and tests need. clang, lld and llvm also stand in
+# for Microsoft's compiler at the module boundary (tools/abi, tests/abi).
+# 32-bit Wine (wine32:i386) comes separately, through ensure_wine32.
 PACKAGES=(cmake make g++ pkg-config
-          g++-mingw-w64-i686 g++-mingw-w64-x86-64 mingw-w64-tools binutils-mingw-w64-i686
+          g++-mingw-w64-i686 g++-mingw-w64-x86-64 mingw-w64-tools binutils-mingw-w64-i686 binutils-mingw-w64-x86-64
           wine wine64 fonts-wine xvfb xauth
-          googletest libgtest-dev clang libclang-rt-14-dev
+          googletest libgtest-dev clang libclang-rt-14-dev lld llvm python3
           libz-mingw-w64-dev libminizip-dev zlib1g-dev dpkg-dev)
 
 SUDO=""

@@ -96,24 +96,30 @@ std::vector<std::string> ExportsOf(HMODULE module)
     return names;
 }
 
-// "a_GetFont" of "_Z9a_GetFontPKc", "class:CHashTable" of "_ZNK10CHashTable9EnumerateE...";
-// a plain (C) name as it stands.
+// "a_GetFont" of "?a_GetFont@@YAPAUHFONT__@@PBD@Z", "class:CHashTable" of
+// "?RemoveAll@CHashTable@@QAEXXZ" and of "??1CHashTable@@QAE@XZ" (Microsoft's
+// decoration, as the framework exports them); a plain (C) name as it stands.
 std::string CalledName(const std::string& symbol)
 {
-    if (symbol.compare(0, 2, "_Z") != 0)
+    if (symbol.compare(0, 1, "?") != 0)
         return symbol;
-    size_t at = 2;
-    const bool member = symbol.compare(at, 1, "N") == 0;
-    if (member) {
-        at++;
-        while (at < symbol.size() && (symbol[at] == 'K' || symbol[at] == 'V'))
-            at++;
+    // "??0", "??1", "??4", "??_7": a special member, named by its class alone.
+    size_t at = 1;
+    bool special = false;
+    if (symbol.compare(at, 1, "?") == 0) {
+        special = true;
+        at += symbol.compare(at + 1, 1, "_") == 0 ? 3 : 2;
     }
-    size_t length = 0;
-    while (at < symbol.size() && isdigit((unsigned char)symbol[at]))
-        length = length * 10 + (size_t)(symbol[at++] - '0');
-    const std::string name = symbol.substr(at, length);
-    return member ? "class:" + name : name;
+    const size_t end = symbol.find('@', at);
+    if (end == std::string::npos)
+        return symbol;
+    const std::string first = symbol.substr(at, end - at);
+    if (special)
+        return "class:" + first;
+    if (symbol.compare(end + 1, 1, "@") == 0)
+        return first;  // a free function: "name@@"
+    const size_t classEnd = symbol.find('@', end + 1);
+    return "class:" + symbol.substr(end + 1, classEnd - end - 1);
 }
 
 std::vector<std::string> UnknownOperations(HMODULE module)
@@ -140,11 +146,30 @@ std::string Joined(const std::vector<std::string>& names)
 
 TEST(FrameworkImports, NamesAreReadAsTheFrameworkNamesThem)
 {
-    EXPECT_EQ(CalledName("_Z9a_GetFontPKc"), "a_GetFont");
-    EXPECT_EQ(CalledName("_Z5TRACEPKcz"), "TRACE");
-    EXPECT_EQ(CalledName("_ZNK10CHashTable9EnumerateEPFiPKcPvS2_ES2_"), "class:CHashTable");
-    EXPECT_EQ(CalledName("_ZN10CHashTable9RemoveAllEv"), "class:CHashTable");
+    EXPECT_EQ(CalledName("?a_GetFont@@YAPAUHFONT__@@PBD@Z"), "a_GetFont");
+    EXPECT_EQ(CalledName("?TRACE@@YAXPBDZZ"), "TRACE");
+    EXPECT_EQ(CalledName("?Enumerate@CHashTable@@QBEHP6AHPBDPAX1@Z1@Z"), "class:CHashTable");
+    EXPECT_EQ(CalledName("?RemoveAll@CHashTable@@QAEXXZ"), "class:CHashTable");
+    EXPECT_EQ(CalledName("??1CHashTable@@QAE@XZ"), "class:CHashTable");
+    EXPECT_EQ(CalledName("??_7HOSTINFO@@6B@"), "class:HOSTINFO");
     EXPECT_EQ(CalledName("fnCallback"), "fnCallback");
+}
+
+// Nothing crosses the boundary under GCC's decoration: the real host and
+// framework know only Microsoft's.
+TEST(FrameworkImports, NoNameCrossesInGccsDecoration)
+{
+    ASSERT_NE(Plugin(), nullptr);
+    std::string gcc;
+    for (HMODULE module : {Plugin(), GetModuleHandleA(kControllersDll), GetModuleHandleA("Analyze.dll")}) {
+        for (const std::string& name : ImportsFrom(module, "Analyze.dll"))
+            if (name.compare(0, 2, "_Z") == 0)
+                gcc += "import " + name + "\n";
+        for (const std::string& name : ExportsOf(module))
+            if (name.compare(0, 2, "_Z") == 0)
+                gcc += "export " + name + "\n";
+    }
+    EXPECT_EQ(gcc, "");
 }
 
 TEST(FrameworkImports, ThePlugInCallsOnlyTheFrameworksOperations)
