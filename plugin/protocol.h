@@ -84,6 +84,7 @@ const WORD LABELEDITOR_ENTER = 1111;    // Enter in the console view's label edi
 const UINT_PTR TIMER_POLL = 111;        // canvas 100 ms, configuration window 200 ms, views 100 ms,
                                         // the add-consoles dialog 250 ms
 const UINT_PTR TIMER_UPLOAD = 333;      // the firmware update dialog, 200 ms
+const UINT_PTR TIMER_DIALOGWATCH = 0x7E59;  // the workbench's and the tests' wait for a dialog they drive to show
 
 // ---- Child windows and commands made in code ------------------------------
 

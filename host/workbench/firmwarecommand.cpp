@@ -4,6 +4,8 @@
 // CLOSE is pressed when the dialog is idle again.
 #include "workbench.h"
 
+#include "dialogwatch.h"
+
 #include "../../plugin/resources/resource.h"
 
 #include <stdio.h>
@@ -21,10 +23,9 @@ struct FIRMWARERUN {
     bool started = false;
     int idleTicks = 0;
     std::string shown;
-    HHOOK hook = NULL;
 };
 
-// Hooks and timer procedures take no context: the one run there can be.
+// Watches and timer procedures take no context: the one run there can be.
 FIRMWARERUN* g_run = nullptr;
 
 void CALLBACK Watch(HWND dialog, UINT, UINT_PTR, DWORD)
@@ -45,30 +46,27 @@ void CALLBACK Watch(HWND dialog, UINT, UINT_PTR, DWORD)
     }
 }
 
-LRESULT CALLBACK DriveDialogs(int code, WPARAM wParam, LPARAM lParam)
+// Each dialog once it shows: the update dialog gets its package and START
+// UPDATE, the password prompt its password.
+void DriveDialogs(HWND window)
 {
-    if (code == HCBT_ACTIVATE && g_run) {
-        HWND window = (HWND)wParam;
-        char title[64] = "";
-        GetWindowTextA(window, title, sizeof title);
-        if (strcmp(title, "FIRMWARE UPDATE") == 0 && !g_run->dialog) {
-            g_run->dialog = window;
-            if (SendDlgItemMessageA(window, IDC_FIRMWARE_LIST, CB_SELECTSTRING, (WPARAM)-1,
-                                    (LPARAM)g_run->package.c_str()) == CB_ERR) {
-                fprintf(stderr, "workbench: no package %s\n", g_run->package.c_str());
-                PostMessageA(window, WM_COMMAND, IDCANCEL, 0);
-            } else {
-                SetTimer(window, kWatchTimer, 50, Watch);
-                PostMessageA(window, WM_COMMAND, MAKEWPARAM(IDC_FIRMWARE_START, BN_CLICKED),
-                             (LPARAM)GetDlgItem(window, IDC_FIRMWARE_START));
-                g_run->started = true;
-            }
-        } else if (strcmp(title, "Enter Password") == 0) {
-            SetDlgItemTextA(window, IDC_PASSWORD, g_run->password.c_str());
-            PostMessageA(window, WM_COMMAND, IDOK, 0);
+    const std::string title = WindowCaption(window);
+    if (title == "FIRMWARE UPDATE" && !g_run->dialog) {
+        g_run->dialog = window;
+        if (SendDlgItemMessageA(window, IDC_FIRMWARE_LIST, CB_SELECTSTRING, (WPARAM)-1,
+                                (LPARAM)g_run->package.c_str()) == CB_ERR) {
+            fprintf(stderr, "workbench: no package %s\n", g_run->package.c_str());
+            PostMessageA(window, WM_COMMAND, IDCANCEL, 0);
+        } else {
+            SetTimer(window, kWatchTimer, 50, Watch);
+            PostMessageA(window, WM_COMMAND, MAKEWPARAM(IDC_FIRMWARE_START, BN_CLICKED),
+                         (LPARAM)GetDlgItem(window, IDC_FIRMWARE_START));
+            g_run->started = true;
         }
+    } else if (title == "Enter Password") {
+        SetDlgItemTextA(window, IDC_PASSWORD, g_run->password.c_str());
+        PostMessageA(window, WM_COMMAND, IDOK, 0);
     }
-    return CallNextHookEx(g_run ? g_run->hook : NULL, code, wParam, lParam);
 }
 
 }  // namespace
@@ -83,10 +81,11 @@ bool RunFirmwareUpdate(WORKBENCH* bench, HOSTINFO* console, const std::string& p
     run.package = package;
     run.password = password;
     g_run = &run;
-    run.hook = SetWindowsHookExA(WH_CBT, DriveDialogs, NULL, GetCurrentThreadId());
-    SendMessageA(configuration, WM_COMMAND, MAKEWPARAM(IDC_CONFIGURATION_UPDATE, BN_CLICKED),
-                 (LPARAM)GetDlgItem(configuration, IDC_CONFIGURATION_UPDATE));
-    UnhookWindowsHookEx(run.hook);
+    {
+        DIALOGWATCH watch(DriveDialogs);
+        SendMessageA(configuration, WM_COMMAND, MAKEWPARAM(IDC_CONFIGURATION_UPDATE, BN_CLICKED),
+                     (LPARAM)GetDlgItem(configuration, IDC_CONFIGURATION_UPDATE));
+    }
     g_run = nullptr;
     (void)bench;
     if (!run.dialog)

@@ -4,6 +4,8 @@
 // (the "..." buttons through their picker dialog).
 #include "workbench.h"
 
+#include "dialogwatch.h"
+
 #include <stdio.h>
 #include <string.h>
 
@@ -175,34 +177,31 @@ struct PICKERANSWER {
     std::string choice;
     bool answered = false;
     bool found = false;
-    HHOOK hook = NULL;
 };
-PICKERANSWER* g_answer = nullptr;
+PICKERANSWER* g_answer = nullptr;  // watches take no context
 
-LRESULT CALLBACK AnswerPicker(int code, WPARAM wParam, LPARAM lParam)
+// The picker once it shows: the dialog with a list view.
+void AnswerPicker(HWND dialog)
 {
-    HWND dialog = (HWND)wParam;
-    HWND list = code == HCBT_ACTIVATE && g_answer && !g_answer->answered
-                    ? FindWindowExA(dialog, NULL, WC_LISTVIEWA, NULL) : NULL;
-    if (list) {
-        g_answer->answered = true;
-        const int count = (int)SendMessageA(list, LVM_GETITEMCOUNT, 0, 0);
-        for (int i = 0; i < count && !g_answer->found; i++) {
-            char text[256] = "";
-            LVITEMA item = {};
-            item.pszText = text;
-            item.cchTextMax = sizeof text;
-            SendMessageA(list, LVM_GETITEMTEXTA, i, (LPARAM)&item);
-            if (g_answer->choice != text)
-                continue;
-            LVITEMA state = {};
-            state.stateMask = state.state = LVIS_SELECTED | LVIS_FOCUSED;
-            SendMessageA(list, LVM_SETITEMSTATE, i, (LPARAM)&state);
-            g_answer->found = true;
-        }
-        PostMessageA(dialog, WM_COMMAND, g_answer->found ? IDOK : IDCANCEL, 0);
+    HWND list = !g_answer->answered ? FindWindowExA(dialog, NULL, WC_LISTVIEWA, NULL) : NULL;
+    if (!list)
+        return;
+    g_answer->answered = true;
+    const int count = (int)SendMessageA(list, LVM_GETITEMCOUNT, 0, 0);
+    for (int i = 0; i < count && !g_answer->found; i++) {
+        char text[256] = "";
+        LVITEMA item = {};
+        item.pszText = text;
+        item.cchTextMax = sizeof text;
+        SendMessageA(list, LVM_GETITEMTEXTA, i, (LPARAM)&item);
+        if (g_answer->choice != text)
+            continue;
+        LVITEMA state = {};
+        state.stateMask = state.state = LVIS_SELECTED | LVIS_FOCUSED;
+        SendMessageA(list, LVM_SETITEMSTATE, i, (LPARAM)&state);
+        g_answer->found = true;
     }
-    return CallNextHookEx(g_answer ? g_answer->hook : NULL, code, wParam, lParam);
+    PostMessageA(dialog, WM_COMMAND, g_answer->found ? IDOK : IDCANCEL, 0);
 }
 
 bool PickThroughPicker(HWND button, const std::string& value)
@@ -210,9 +209,10 @@ bool PickThroughPicker(HWND button, const std::string& value)
     PICKERANSWER answer;
     answer.choice = value;
     g_answer = &answer;
-    answer.hook = SetWindowsHookExA(WH_CBT, AnswerPicker, NULL, GetCurrentThreadId());
-    SendMessageA(button, BM_CLICK, 0, 0);
-    UnhookWindowsHookEx(answer.hook);
+    {
+        DIALOGWATCH watch(AnswerPicker);
+        SendMessageA(button, BM_CLICK, 0, 0);
+    }
     g_answer = nullptr;
     if (value != "-" && !answer.found) {
         fprintf(stderr, "workbench: the picker offers no %s\n", value.c_str());

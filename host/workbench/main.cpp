@@ -13,6 +13,8 @@
 #include "mainwindow.h"
 #include "workbench.h"
 
+#include "dialogwatch.h"
+
 #include "../../base/text.h"
 #include "../../base/banned.h"
 
@@ -81,6 +83,7 @@ int Run(const OPTIONS& options)
         fprintf(stderr, "workbench: cannot create the window\n");
         return 2;
     }
+    const std::unique_ptr<DIALOGWATCH> dialogPictures = WatchDialogPictures(&bench);
     if (options.headless)
         AnswerMessageBoxes();
     int failures = 0;

@@ -4,6 +4,8 @@
 // of a configuration window ("tree", "treeselect", "move").
 #include "workbench.h"
 
+#include "dialogwatch.h"
+
 #include <stdio.h>
 #include <string.h>
 
@@ -25,16 +27,13 @@ INT_PTR AddConsoles(WORKBENCH* bench, const char* type)
 namespace {
 
 const char kDialogTitle[] = "Call Station Dialog";
-const UINT_PTR kDriveTimer = 0x7E58;
-const UINT kDrivePeriod = 20;
 
 struct DIALOGRUN {
     WORKBENCH* bench = nullptr;
     HWND dialog = NULL;
-    HHOOK hook = NULL;
 };
 
-// Hooks and timer procedures take no context: the one dialog there can be.
+// Verbs take no context: the one dialog there can be.
 DIALOGRUN* g_dialog = nullptr;
 
 bool DialogOpen()
@@ -42,38 +41,19 @@ bool DialogOpen()
     return g_dialog && g_dialog->dialog && IsWindow(g_dialog->dialog) && IsWindowVisible(g_dialog->dialog);
 }
 
-// In the dialog's own message loop: the script's next lines, until it closes.
-// A modal dialog shows itself once its queue is empty; the timer waits for
-// that (ticking often enough to be quick, seldom enough to leave the queue
-// empty now and then).
-void CALLBACK DriveScript(HWND dialog, UINT, UINT_PTR, DWORD)
+// In the dialog's own message loop, once it shows: the script's next lines,
+// until it closes.
+void DriveScript(HWND dialog)
 {
-    if (!IsWindowVisible(dialog))
+    if (g_dialog->dialog || WindowCaption(dialog) != kDialogTitle)
         return;
-    KillTimer(dialog, kDriveTimer);
+    g_dialog->dialog = dialog;
     while (DialogOpen()) {
         if (!RunNextScriptLine(g_dialog->bench)) {
             fprintf(stderr, "workbench: the script ended with the add-consoles dialog open: Cancel\n");
             SendMessageA(dialog, WM_COMMAND, IDCANCEL, (LPARAM)GetDlgItem(dialog, IDCANCEL));
         }
     }
-}
-
-// The dialog is known by its caption when it is made: activation would do
-// too, but a window that does not get activated (no window manager, another
-// program in front) would leave the script waiting for ever.
-LRESULT CALLBACK FindDialog(int code, WPARAM wParam, LPARAM lParam)
-{
-    if (code == HCBT_CREATEWND && g_dialog && !g_dialog->dialog) {
-        const CBT_CREATEWNDA* created = reinterpret_cast<const CBT_CREATEWNDA*>(lParam);
-        const char* caption = created && created->lpcs ? created->lpcs->lpszName : nullptr;
-        if (caption && !IS_INTRESOURCE(caption) && strcmp(caption, kDialogTitle) == 0) {
-            HWND window = (HWND)wParam;
-            g_dialog->dialog = window;
-            SetTimer(window, kDriveTimer, kDrivePeriod, DriveScript);
-        }
-    }
-    return CallNextHookEx(g_dialog ? g_dialog->hook : NULL, code, wParam, lParam);
 }
 
 bool AddConsolesVerb(WORKBENCH* bench, const SCRIPTCOMMAND& command)
@@ -85,9 +65,11 @@ bool AddConsolesVerb(WORKBENCH* bench, const SCRIPTCOMMAND& command)
     DIALOGRUN run;
     run.bench = bench;
     g_dialog = &run;
-    run.hook = SetWindowsHookExA(WH_CBT, FindDialog, NULL, GetCurrentThreadId());
-    const INT_PTR result = AddConsoles(bench, command.text.c_str());
-    UnhookWindowsHookEx(run.hook);
+    INT_PTR result = -1;
+    {
+        DIALOGWATCH watch(DriveScript);
+        result = AddConsoles(bench, command.text.c_str());
+    }
     g_dialog = nullptr;
     printf("addconsoles: %s\n", result == IDOK ? "added" : result == IDCANCEL ? "cancelled" : "refused");
     return result == IDOK || result == IDCANCEL;

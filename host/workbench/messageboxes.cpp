@@ -2,6 +2,7 @@
 // "messagebox: CAPTION: TEXT" and answered at once with its default button.
 #include "workbench.h"
 
+#include "dialogwatch.h"
 #include "messagebox.h"
 
 #include <stdio.h>
@@ -10,38 +11,10 @@
 
 namespace {
 
-HHOOK& Hook()
-{
-    static HHOOK hook = NULL;
-    return hook;
-}
-
-void Answer(HWND box);
-
-// A task-modal box is activated before it has its text (Wine): it is read
-// once the box's own loop runs.
-void CALLBACK AnswerLater(HWND box, UINT, UINT_PTR timer, DWORD)
-{
-    KillTimer(box, timer);
-    Answer(box);
-}
-
-LRESULT CALLBACK AnswerMessageBox(int code, WPARAM wParam, LPARAM lParam)
-{
-    if (code == HCBT_ACTIVATE) {
-        HWND box = (HWND)wParam;
-        if (IsMessageBox(box)) {
-            if (GetWindowTextLengthA(GetDlgItem(box, 0xFFFF)) == 0)
-                SetTimer(box, 1, USER_TIMER_MINIMUM, AnswerLater);
-            else
-                Answer(box);
-        }
-    }
-    return CallNextHookEx(Hook(), code, wParam, lParam);
-}
-
 void Answer(HWND box)
 {
+    if (!IsMessageBox(box))
+        return;
     char caption[256] = "", text[2048] = "";
     GetWindowTextA(box, caption, sizeof caption);
     GetDlgItemTextA(box, 0xFFFF, text, sizeof text);
@@ -56,6 +29,5 @@ void Answer(HWND box)
 
 void AnswerMessageBoxes()
 {
-    if (!Hook())
-        Hook() = SetWindowsHookExA(WH_CBT, AnswerMessageBox, NULL, GetCurrentThreadId());
+    static DIALOGWATCH boxes(Answer);  // for the whole run
 }

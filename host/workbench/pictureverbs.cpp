@@ -1,13 +1,51 @@
 // The verbs that write pictures: the screen under the workbench, or a window
 // as it draws itself (the surface, a canvas, a configuration window, a
-// console view, a control panel, a widget page).
+// console view, a control panel, a widget page), or a dialog as the screen
+// shows it.
 #include "workbench.h"
 
+#include "dialogwatch.h"
+
 #include <stdio.h>
+#include <string.h>
 
 #include "../../base/banned.h"
 
 namespace {
+
+BOOL CALLBACK FindInputDialog(HWND window, LPARAM found)
+{
+    char className[16] = "";
+    GetClassNameA(window, className, sizeof className);
+    HWND owner = GetWindow(window, GW_OWNER);
+    const bool modal = owner && !IsWindowEnabled(owner) && IsWindowEnabled(window);
+    if (strcmp(className, "#32770") != 0 || !IsWindowVisible(window) || !modal)
+        return TRUE;
+    *reinterpret_cast<HWND*>(found) = window;
+    return FALSE;
+}
+
+// The modal dialog of this thread that takes input now (it disables its
+// owner): null when there is none.
+HWND InputDialog()
+{
+    HWND found = NULL;
+    EnumThreadWindows(GetCurrentThreadId(), FindInputDialog, (LPARAM)&found);
+    return found;
+}
+
+// "shot dialog FILE": the dialog open now (the script runs inside the
+// add-consoles dialog), else the next one to show, before whatever drives it
+// acts (the picker's answer, the firmware update's package and START UPDATE).
+bool PictureDialog(WORKBENCH* bench, const std::string& path)
+{
+    if (HWND dialog = InputDialog())
+        return SaveScreenPicture(dialog, path.c_str());
+    if (!bench->dialogPicture.empty())
+        fprintf(stderr, "workbench: no dialog showed for %s\n", bench->dialogPicture.c_str());
+    bench->dialogPicture = path;
+    return bench->dialogPicture.size() == path.size();
+}
 
 bool Screenshot(WORKBENCH* bench, const SCRIPTCOMMAND& command)
 {
@@ -22,6 +60,8 @@ bool Picture(WORKBENCH* bench, const SCRIPTCOMMAND& command)
         return SaveScreenPicture(bench->frame, path);
     if (target == "surface")
         return SaveWindowPicture(bench->surface, path);
+    if (target == "dialog")
+        return PictureDialog(bench, command.text);
     if (target.rfind("view:", 0) == 0) {
         HWND frame = ConsoleViewFrame(bench, target.substr(5));
         if (!frame)
@@ -59,3 +99,15 @@ const VERBHANDLERROW kHandlers[] = {
 }  // namespace
 
 const VERBHANDLERS kPictureVerbs = HandlerTable(kHandlers);
+
+std::unique_ptr<DIALOGWATCH> WatchDialogPictures(WORKBENCH* bench)
+{
+    return std::unique_ptr<DIALOGWATCH>(new DIALOGWATCH([bench](HWND dialog) {
+        if (bench->dialogPicture.empty())
+            return;
+        const std::string path = bench->dialogPicture;
+        bench->dialogPicture.clear();
+        if (!SaveScreenPicture(dialog, path.c_str()))
+            fprintf(stderr, "workbench: cannot write %s\n", path.c_str());
+    }));
+}

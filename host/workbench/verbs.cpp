@@ -15,8 +15,8 @@ const SCRIPTVERBROW kVerbs[] = {
     {SCRIPT_TRACE, "trace", "", "prints the lines of the output window"},
     {SCRIPT_SCREENSHOT, "screenshot", "FILE", "writes the workbench window as the screen shows it"},
     {SCRIPT_SHOT, "shot", "TARGET FILE",
-     "writes a picture of TARGET: surface, screen, an object's canvas (its name), config:OBJ, view:OBJ, panel:OBJ or "
-     "page:OBJ"},
+     "writes a picture of TARGET: surface, screen, an object's canvas (its name), config:OBJ, view:OBJ, panel:OBJ, "
+     "page:OBJ, or dialog (the dialog open now, else the next one to show)"},
     {SCRIPT_SELECT, "select", "OBJ [KEY]",
      "selects the object (the property list shows it), or clicks key KEY in its configuration window"},
     {SCRIPT_FIRMWARE, "firmware", "OBJ PACKAGE PASSWORD",

@@ -39,6 +39,7 @@ struct WORKBENCH {
     std::map<std::string, HWND> consoleViews;                  // frames of console views, by object name
     std::map<std::string, HWND> controlPanels;                 // the consoles' control panels, by object name
     SCRIPTREADER* script = nullptr;                            // the script being run, if any
+    std::string dialogPicture;  // "shot dialog FILE" with no dialog open: the next one to show is pictured
 };
 
 // Console views in frames of their own (consoleviews.cpp).
@@ -166,4 +167,8 @@ bool RunFirmwareUpdate(WORKBENCH* bench, HOSTINFO* console, const std::string& p
 // A limit cuts the picture to the top-left part of that size.
 bool SaveWindowPicture(HWND window, const char* path, const SIZE* limit = nullptr);
 bool SaveScreenPicture(HWND window, const char* path);
+// While it lives, the dialog a "shot dialog FILE" waits for is pictured when
+// it shows. Made before AnswerMessageBoxes, so a box is pictured before it is answered.
+class DIALOGWATCH;
+std::unique_ptr<DIALOGWATCH> WatchDialogPictures(WORKBENCH* bench);
 void PumpMessagesFor(DWORD milliseconds);

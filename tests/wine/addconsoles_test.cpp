@@ -13,7 +13,6 @@ namespace {
 
 const char kOrnController[] = "control=0 ORNCON \"ORNCON_1\" 0x54000000 0,100,150x40";
 const char kElkController[] = "control=0 ELKCON \"ELKCON_1\" 0x54000000 200,100,150x40";
-const UINT_PTR kStepsTimer = 77;
 
 std::string ConsoleLine(const std::string& name)
 {
@@ -27,55 +26,29 @@ void AddConnected(TESTDESIGN& design, const std::string& name, int address, cons
     design.Edit(name + "*connection=" + controller + ".DOVRIXCSTModule");
 }
 
-struct DRIVE {
-    std::function<void(HWND)> steps;
-    HWND dialog = NULL;
-    HHOOK hook = NULL;
-    bool stillOpen = false;  // the steps left the dialog open
-};
-
-DRIVE*& Drive()
-{
-    static DRIVE* drive = nullptr;
-    return drive;
-}
-
-// Inside the dialog's own message loop: the test's steps, then Cancel if it is still open.
-void CALLBACK RunSteps(HWND dialog, UINT, UINT_PTR id, DWORD)
-{
-    KillTimer(dialog, id);
-    Drive()->steps(dialog);
-    if (IsWindowVisible(dialog)) {
-        Drive()->stillOpen = true;
-        SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
-    }
-}
-
-LRESULT CALLBACK FindDialog(int code, WPARAM wParam, LPARAM lParam)
-{
-    if (code == HCBT_ACTIVATE && Drive() && !Drive()->dialog) {
-        char title[64] = "";
-        GetWindowTextA((HWND)wParam, title, sizeof title);
-        if (strcmp(title, "Call Station Dialog") == 0) {
-            Drive()->dialog = (HWND)wParam;
-            SetTimer((HWND)wParam, kStepsTimer, 1, RunSteps);
-        }
-    }
-    return CallNextHookEx(Drive() ? Drive()->hook : NULL, code, wParam, lParam);
-}
-
-// Runs the dialog for the type over the design with the steps; its result.
+// Runs the dialog for the type over the design with the steps, in the
+// dialog's own message loop once it shows, then Cancel if it is still open;
+// its result.
 INT_PTR RunDialog(TESTDESIGN& design, const char* type, std::function<void(HWND)> steps, bool* stillOpen = nullptr)
 {
-    DRIVE drive;
-    drive.steps = steps;
-    Drive() = &drive;
-    drive.hook = SetWindowsHookExA(WH_CBT, FindDialog, NULL, GetCurrentThreadId());
-    const INT_PTR result = PluginCallback()(1, design.Root(), (LPARAM)type);
-    UnhookWindowsHookEx(drive.hook);
-    Drive() = nullptr;
+    HWND driven = NULL;
+    bool leftOpen = false;
+    INT_PTR result = 0;
+    {
+        DIALOGWATCH watch([&](HWND dialog) {
+            if (driven || WindowCaption(dialog) != "Call Station Dialog")
+                return;
+            driven = dialog;
+            steps(dialog);
+            if (IsWindowVisible(dialog)) {
+                leftOpen = true;
+                SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+            }
+        });
+        result = PluginCallback()(1, design.Root(), (LPARAM)type);
+    }
     if (stillOpen)
-        *stillOpen = drive.stillOpen;
+        *stillOpen = leftOpen;
     return result;
 }
 

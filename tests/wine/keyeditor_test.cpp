@@ -194,56 +194,47 @@ void Click(HWND page, int control)
     SendMessageA(GetDlgItem(page, control), BM_CLICK, 0, 0);
 }
 
-// Answers the picker that opens: chooses the row with the text and "Ok", or
-// "Cancel" when the text is empty.
+// Answers the picker that opens, once it shows: chooses the row with the
+// text and "Ok", or "Cancel" when the text is empty.
 struct PICKERRUN {
     std::string choice;
     std::vector<std::string> rows;
     std::string title;
-    HHOOK hook = NULL;
 };
-PICKERRUN* g_picker = nullptr;
 
-LRESULT CALLBACK AnswerPicker(int code, WPARAM wParam, LPARAM lParam)
+void AnswerPicker(HWND dialog, PICKERRUN* run)
 {
-    HWND dialog = (HWND)wParam;
-    if (code == HCBT_ACTIVATE && g_picker && g_picker->title.empty() && FindWindowExA(dialog, NULL, WC_LISTVIEWA, NULL)) {
-        char title[64] = "";
-        GetWindowTextA(dialog, title, sizeof title);
-        g_picker->title = title;
-        HWND list = FindWindowExA(dialog, NULL, WC_LISTVIEWA, NULL);
-        const int count = list ? (int)SendMessageA(list, LVM_GETITEMCOUNT, 0, 0) : 0;
-        int chosen = -1;
-        for (int i = 0; i < count; i++) {
-            char text[256] = "";
-            LVITEMA item = {};
-            item.pszText = text;
-            item.cchTextMax = sizeof text;
-            SendMessageA(list, LVM_GETITEMTEXTA, i, (LPARAM)&item);
-            g_picker->rows.push_back(text);
-            if (g_picker->choice == text)
-                chosen = i;
-        }
-        if (chosen >= 0) {
-            LVITEMA state = {};
-            state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-            state.state = LVIS_SELECTED | LVIS_FOCUSED;
-            SendMessageA(list, LVM_SETITEMSTATE, chosen, (LPARAM)&state);
-        }
-        PostMessageA(dialog, WM_COMMAND, chosen >= 0 ? IDOK : IDCANCEL, 0);
+    HWND list = FindWindowExA(dialog, NULL, WC_LISTVIEWA, NULL);
+    if (!run->title.empty() || !list)
+        return;
+    run->title = WindowCaption(dialog);
+    const int count = (int)SendMessageA(list, LVM_GETITEMCOUNT, 0, 0);
+    int chosen = -1;
+    for (int i = 0; i < count; i++) {
+        char text[256] = "";
+        LVITEMA item = {};
+        item.pszText = text;
+        item.cchTextMax = sizeof text;
+        SendMessageA(list, LVM_GETITEMTEXTA, i, (LPARAM)&item);
+        run->rows.push_back(text);
+        if (run->choice == text)
+            chosen = i;
     }
-    return CallNextHookEx(NULL, code, wParam, lParam);
+    if (chosen >= 0) {
+        LVITEMA state = {};
+        state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+        state.state = LVIS_SELECTED | LVIS_FOCUSED;
+        SendMessageA(list, LVM_SETITEMSTATE, chosen, (LPARAM)&state);
+    }
+    PostMessageA(dialog, WM_COMMAND, chosen >= 0 ? IDOK : IDCANCEL, 0);
 }
 
 PICKERRUN RunPickerWith(HWND page, int button, const std::string& choice)
 {
     PICKERRUN run;
     run.choice = choice;
-    g_picker = &run;
-    run.hook = SetWindowsHookExA(WH_CBT, AnswerPicker, NULL, GetCurrentThreadId());
+    DIALOGWATCH watch([&run](HWND dialog) { AnswerPicker(dialog, &run); });
     Click(page, button);
-    UnhookWindowsHookEx(run.hook);
-    g_picker = nullptr;
     return run;
 }
 

@@ -15,7 +15,6 @@ namespace {
 const char kSurfaceClass[] = "TestDesignSurface";
 
 struct CATCHER {
-    HHOOK hook = NULL;
     bool expecting = false;  // a MESSAGEBOXCATCHER lives
     int answer = IDOK;       // the button the boxes are closed with
     std::vector<std::string> texts;
@@ -28,39 +27,16 @@ CATCHER& Catcher()
     return catcher;
 }
 
-void RecordMessageBox(HWND box);
-
-// A task-modal box is activated before it has its text (Wine): it is read
-// once the box's own loop runs.
-void CALLBACK RecordMessageBoxLater(HWND box, UINT, UINT_PTR timer, DWORD)
-{
-    KillTimer(box, timer);
-    RecordMessageBox(box);
-}
-
-LRESULT CALLBACK CatchMessageBox(int code, WPARAM wParam, LPARAM lParam)
-{
-    if (code == HCBT_ACTIVATE) {
-        HWND box = (HWND)wParam;
-        if (IsMessageBox(box)) {
-            if (GetWindowTextLengthA(GetDlgItem(box, 0xFFFF)) == 0)
-                SetTimer(box, 1, USER_TIMER_MINIMUM, RecordMessageBoxLater);
-            else
-                RecordMessageBox(box);
-        }
-    }
-    return CallNextHookEx(Catcher().hook, code, wParam, lParam);
-}
-
+// Each message box once it shows (it has its text by then).
 void RecordMessageBox(HWND box)
 {
+    if (!IsMessageBox(box))
+        return;
     char text[1024] = "";
     GetDlgItemTextA(box, 0xFFFF, text, sizeof text);  // a message box's text control
-    char caption[256] = "";
-    GetWindowTextA(box, caption, sizeof caption);
     if (Catcher().expecting) {
         Catcher().texts.push_back(text);
-        Catcher().captions.push_back(caption);
+        Catcher().captions.push_back(WindowCaption(box));
     } else
         ADD_FAILURE() << "unexpected message box: " << text;
     PostMessageA(box, WM_COMMAND, (WPARAM)Catcher().answer, 0);
@@ -169,7 +145,7 @@ std::vector<std::string> TESTDESIGN::SavedLines(std::string* raw) const
 
 void CloseEveryMessageBox()
 {
-    Catcher().hook = SetWindowsHookExA(WH_CBT, CatchMessageBox, NULL, GetCurrentThreadId());
+    static DIALOGWATCH boxes(RecordMessageBox);  // for the whole run
 }
 
 MESSAGEBOXCATCHER::MESSAGEBOXCATCHER(int answer)

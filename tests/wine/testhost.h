@@ -1,5 +1,7 @@
 // What the tests under Wine share: the loaded plug-in, a design to put
-// consoles in, message boxes caught by a hook, and paths.
+// consoles in, message boxes caught when they show, and paths. A test that
+// drives a dialog does it through a DIALOGWATCH (dialogwatch.h), once the
+// dialog shows, never on its activation.
 #pragma once
 
 #include <windows.h>
@@ -8,6 +10,7 @@
 #include <vector>
 
 #include "analyze_host.h"
+#include "../../host/workbench/dialogwatch.h"
 #include "../../host/workbench/plugins.h"
 
 typedef INT_PTR (*PLUGINCALLBACK)(int code, HOSTINFO* host, LPARAM param);

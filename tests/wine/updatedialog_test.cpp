@@ -12,32 +12,20 @@
 
 namespace {
 
+// At the first prompt, START is pressed again, then the password is typed.
 struct PROMPTDRIVER {
-    HHOOK hook = NULL;
     HWND dialog = NULL;
     int prompts = 0;
 };
 
-PROMPTDRIVER& Driver()
+void DrivePrompt(HWND prompt, PROMPTDRIVER* driver)
 {
-    static PROMPTDRIVER driver;
-    return driver;
-}
-
-// At the first prompt, START is pressed again, then the password is typed.
-LRESULT CALLBACK DrivePrompt(int code, WPARAM wParam, LPARAM lParam)
-{
-    if (code == HCBT_ACTIVATE) {
-        char title[64] = "";
-        GetWindowTextA((HWND)wParam, title, sizeof title);
-        if (strcmp(title, "Enter Password") == 0) {
-            if (++Driver().prompts == 1)
-                SendMessageA(Driver().dialog, WM_COMMAND, MAKEWPARAM(IDC_FIRMWARE_START, BN_CLICKED), 0);
-            SetDlgItemTextA((HWND)wParam, IDC_PASSWORD, "ZEL4000");
-            PostMessageA((HWND)wParam, WM_COMMAND, IDOK, 0);
-        }
-    }
-    return CallNextHookEx(Driver().hook, code, wParam, lParam);
+    if (WindowCaption(prompt) != "Enter Password")
+        return;
+    if (++driver->prompts == 1)
+        SendMessageA(driver->dialog, WM_COMMAND, MAKEWPARAM(IDC_FIRMWARE_START, BN_CLICKED), 0);
+    SetDlgItemTextA(prompt, IDC_PASSWORD, "ZEL4000");
+    PostMessageA(prompt, WM_COMMAND, IDOK, 0);
 }
 
 std::string StateText(HWND dialog)
@@ -85,12 +73,13 @@ TEST(UpdateDialog, UploadsOnceThePromptIsAnsweredAndCleansUp)
     ASSERT_NE(dialog, nullptr);
     ASSERT_NE(SendDlgItemMessageA(dialog, IDC_FIRMWARE_LIST, CB_SELECTSTRING, (WPARAM)-1, (LPARAM) "CST_DIALOGTEST.ZIP"),
               CB_ERR);
-    Driver().dialog = dialog;
-    Driver().prompts = 0;
-    Driver().hook = SetWindowsHookExA(WH_CBT, DrivePrompt, NULL, GetCurrentThreadId());
-    SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(IDC_FIRMWARE_START, BN_CLICKED), 0);
-    UnhookWindowsHookEx(Driver().hook);
-    EXPECT_EQ(Driver().prompts, 1);  // the second press opened no second prompt
+    PROMPTDRIVER driver;
+    driver.dialog = dialog;
+    {
+        DIALOGWATCH watch([&driver](HWND prompt) { DrivePrompt(prompt, &driver); });
+        SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(IDC_FIRMWARE_START, BN_CLICKED), 0);
+    }
+    EXPECT_EQ(driver.prompts, 1);  // the second press opened no second prompt
 
     EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDC_FIRMWARE_START)));
     EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDCANCEL)));  // no closing while it uploads
