@@ -146,6 +146,9 @@ bool PasteKeyBlockAt(HWND hwnd, CONSOLEVIEW* view, int target)
     const std::string skipped = SkippedKeysText(plan);
     if (!skipped.empty())
         Report(c, skipped);
+    for (const PASTEDKEY& key : plan)
+        if (key.key == target && key.skipped.empty())
+            SelectPastedKey(hwnd, view, target);  // the block's first key
     InvalidateRect(hwnd, NULL, TRUE);
     return true;
 }

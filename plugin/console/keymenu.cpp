@@ -110,6 +110,7 @@ void PasteKey(HWND hwnd, CONSOLEVIEW* view, int key)
     // Any other record loads as a design line does: an unknown name empties the key.
     const std::string line = FormatString("key%03d=", key) + record;
     view->console->LoadEdit(line.c_str());
+    SelectPastedKey(hwnd, view, key);
 }
 
 void SetSpecialMode(CONSOLEVIEW* view, int key, int mode)
@@ -160,6 +161,14 @@ void ShowKeyMenu(HWND hwnd, CONSOLEVIEW* view, POINT screen)
             RunKeyCommand(hwnd, view, key, command);
     }
     DestroyMenu(menu);
+}
+
+void SelectPastedKey(HWND hwnd, CONSOLEVIEW* view, int key)
+{
+    view->focusKey = key;
+    view->selection.assign(1, key);
+    view->console->SelectKeyForEditor(key);
+    InvalidateRect(hwnd, NULL, TRUE);
 }
 
 void RunKeyCommand(HWND hwnd, CONSOLEVIEW* view, int key, UINT command)

@@ -119,3 +119,6 @@ bool PasteKeyBlockAt(HWND hwnd, CONSOLEVIEW* view, int target);
 void ShowKeyMenu(HWND hwnd, CONSOLEVIEW* view, POINT screen);
 // Carries out a key menu command on a key (scripts reach it without a menu).
 void RunKeyCommand(HWND hwnd, CONSOLEVIEW* view, int keyId, UINT command);
+// After a paste the key pasted onto is the selected key, as a click makes
+// it: it has the keyboard's mark and its page opens in the editor panel.
+void SelectPastedKey(HWND hwnd, CONSOLEVIEW* view, int keyId);

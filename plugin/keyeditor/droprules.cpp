@@ -2,6 +2,8 @@
 
 #include "../keys/keycatalogue.h"
 
+#include "../../base/text.h"
+
 #include "../../base/banned.h"
 
 namespace {
@@ -90,4 +92,10 @@ int CountKeyFunction(const KEYSLOT* keys, int count, int32_t function)
     for (int i = 0; i < count; i++)
         found += keys[i].functionId == function ? 1 : 0;
     return found;
+}
+
+std::string DroppedKeyLine(int key, int32_t function)
+{
+    const char* record = DefaultKeyRecord(function);
+    return FormatString("key%03d=%s", key, record ? record : KeyFunctionName(function));
 }

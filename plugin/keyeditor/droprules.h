@@ -4,6 +4,8 @@
 
 #include <stdint.h>
 
+#include <string>
+
 #include "../keys/keyrecord.h"
 
 // What the rules need to know of the console.
@@ -30,3 +32,9 @@ const char* DropWarning(DROPVERDICT verdict);
 
 // How many of the keys carry the function.
 int CountKeyFunction(const KEYSLOT* keys, int count, int32_t function);
+
+// The design line a drop loads into key `key`: a key made by a drop is a new
+// key, so a function that has a new key's record (Stop, On, Talk, Toggle All,
+// Menu) gets that record; any other function is its bare name (every number
+// 0, every text empty).
+std::string DroppedKeyLine(int key, int32_t function);

@@ -152,9 +152,9 @@ void View_MouseMove(HWND hwnd, KEYFUNCTIONVIEW* view, LPARAM lParam)
     SetCursor(LoadCursorA(ModuleInstance(), MAKEINTRESOURCEA(accepted ? IDR_CURSOR_DROP : IDR_CURSOR_NODROP)));
 }
 
-// A refused drop changes nothing; an accepted one loads the bare function
-// name into the key, as a design line would, and clicks the key so that it
-// is selected and its page opens.
+// A refused drop changes nothing; an accepted one loads the new key's line
+// into the key, as a design line would, and clicks the key so that it is
+// selected and its page opens.
 LRESULT View_Drop(HWND hwnd, KEYFUNCTIONVIEW* view, LPARAM lParam)
 {
     if (!view->dragging)
@@ -172,9 +172,8 @@ LRESULT View_Drop(HWND hwnd, KEYFUNCTIONVIEW* view, LPARAM lParam)
         MessageBoxA(NULL, warning, "WARNING", MB_OK | MB_ICONWARNING | MB_TASKMODAL | MB_TOPMOST);
     if (verdict != DROP_ACCEPTED)
         return 0;
-    char line[64];
-    FormatText(line, sizeof line, "key%03d=%s", key, KeyFunctionName(view->dragged));
-    view->console->OnLoad(REQMODE_EDIT, (LPARAM)line);
+    const std::string line = DroppedKeyLine(key, view->dragged);
+    view->console->OnLoad(REQMODE_EDIT, (LPARAM)line.c_str());
     view->console->NotifyConsoleView(CVM_KEYCHANGED, 0, key);
     // A running console's view would press the key on the system: there the
     // key is only selected for its page.

@@ -99,9 +99,7 @@ void FillCodeLists(HWND dialog, const KEYPAGE* page)
             for (const auto& entry : AlarmToneTable(false))
                 AddItem(combo, entry.second.c_str(), (DWORD_PTR)entry.first);
         } else if (control.kind == PC_SPIN) {
-            HWND spin = GetDlgItem(dialog, control.control);
-            SendMessageA(spin, UDM_SETBUDDY, (WPARAM)GetDlgItem(dialog, control.extra), 0);
-            SendMessageA(spin, UDM_SETRANGE32, 0, 255);
+            SendDlgItemMessageA(dialog, control.control, UDM_SETBUDDY, (WPARAM)GetDlgItem(dialog, control.extra), 0);
         } else if (control.kind == PC_TEXT) {
             SendDlgItemMessageA(dialog, control.control, EM_LIMITTEXT, KEYTEXT_SIZE - 1, 0);
         }
@@ -267,6 +265,13 @@ void BindKey(HWND dialog, KEYPAGESTATE* state, int key)
     if (state->page->forcedField && KeyFieldNumber(*slot, state->page->forcedField) != state->page->forcedValue)
         forced = SetKeyFieldNumber(slot, state->page->forcedField, state->page->forcedValue);
     state->loading = true;
+    // A spin counts within the width of the field its edit writes.
+    for (int i = 0; i < state->page->count; i++) {
+        int low = 0, high = 0;
+        const PAGECONTROL& control = state->page->controls[i];
+        if (control.kind == PC_SPIN && PageControlRange(state->page, control, slot->functionId, &low, &high))
+            SendDlgItemMessageA(dialog, control.control, UDM_SETRANGE32, (WPARAM)low, (LPARAM)high);
+    }
     for (int i = 0; i < state->page->count; i++)
         LoadControl(dialog, state, state->page->controls[i], *slot);
     ShowInputChannel(dialog, state->page, *slot);
@@ -316,7 +321,11 @@ bool StoreSelection(HWND dialog, KEYPAGESTATE* state, const PAGECONTROL& control
             }
         }
         if (!StorePageControlValue(control, slot, at)) {
-            Refuse(dialog, state, control, nullptr);
+            // An arithmetic mode without a function of its own: the key keeps "Up" or "Down".
+            const std::string refusal = control.hook == HOOK_ARITHMETICMODE
+                                            ? ArithmeticModeRefusal(at, ComboText(combo, at).c_str(), *slot)
+                                            : std::string();
+            Refuse(dialog, state, control, refusal.empty() ? nullptr : refusal.c_str());
             return false;
         }
         return true;
@@ -337,7 +346,24 @@ bool StoreSelection(HWND dialog, KEYPAGESTATE* state, const PAGECONTROL& control
     }
 }
 
-bool StoreEdit(HWND dialog, const PAGECONTROL& control, KEYSLOT* slot)
+// A number outside its field's width is refused: the stored one stays and shows.
+bool StoreNumber(HWND dialog, KEYPAGESTATE* state, const PAGECONTROL& control, KEYSLOT* slot, const char* text)
+{
+    int low = 0, high = 0, number = 0;
+    if (!PageControlRange(state->page, control, slot->functionId, &low, &high))
+        return false;
+    switch (ReadPageNumber(text, low, high, &number)) {
+    case PAGENUMBER_TAKEN:
+        return StorePageControlValue(control, slot, number);
+    case PAGENUMBER_REFUSED:
+        Refuse(dialog, state, control, PageNumberRefusal(text, low, high).c_str());
+        return false;
+    default:
+        return false;  // nothing typed yet
+    }
+}
+
+bool StoreEdit(HWND dialog, KEYPAGESTATE* state, const PAGECONTROL& control, KEYSLOT* slot)
 {
     char text[KEYTEXT_SIZE] = "";
     GetDlgItemTextA(dialog, control.control, text, sizeof text);
@@ -345,10 +371,8 @@ bool StoreEdit(HWND dialog, const PAGECONTROL& control, KEYSLOT* slot)
         return false;  // what the field shows for no destination is none
     if (control.kind == PC_TEXT)
         return StorePageControlText(control, slot, text);
-    if (control.kind == PC_NUMBER) {
-        int number = 0;
-        return ScanLeadingInt(text, &number) && StorePageControlValue(control, slot, number);
-    }
+    if (control.kind == PC_NUMBER)
+        return StoreNumber(dialog, state, control, slot, text);
     char* end = nullptr;
     const double real = strtod(text, &end);
     return end != text && StorePageControlValue(control, slot, real);
@@ -403,7 +427,7 @@ void Page_Command(HWND dialog, KEYPAGESTATE* state, WPARAM wParam)
         break;
     case EN_CHANGE:
         stored = (control->kind == PC_TEXT || control->kind == PC_NUMBER || control->kind == PC_REAL) &&
-                 StoreEdit(dialog, *control, slot);
+                 StoreEdit(dialog, state, *control, slot);
         mergeTag = FormatString("key%d:%d", state->key, control->control);
         break;
     case BN_CLICKED:

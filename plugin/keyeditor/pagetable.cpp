@@ -1,5 +1,6 @@
 #include "pagetable.h"
 
+#include <errno.h>
 #include <stdlib.h>
 #include <string.h>
 
@@ -258,6 +259,61 @@ bool StorePageControlValue(const PAGECONTROL& control, KEYSLOT* slot, double val
     default:
         return false;
     }
+}
+
+bool PageControlRange(const KEYPAGE* page, const PAGECONTROL& control, int32_t functionId, int* low, int* high)
+{
+    const PAGECONTROL* number = control.kind == PC_SPIN ? FindPageControl(page, control.extra) : &control;
+    if (!number || number->kind != PC_NUMBER)
+        return false;
+    switch (KeyFieldKind(functionId, number->field)) {
+    case KEYFIELD_U8:
+        *low = 0;
+        *high = UINT8_MAX;
+        return true;
+    case KEYFIELD_U16:
+        *low = 0;
+        *high = UINT16_MAX;
+        return true;
+    default:
+        return false;
+    }
+}
+
+PAGENUMBER ReadPageNumber(const char* text, int low, int high, int* value)
+{
+    if (!text)
+        return PAGENUMBER_EMPTY;
+    while (*text == ' ')
+        text++;
+    if (!*text)
+        return PAGENUMBER_EMPTY;
+    const char* digits = *text == '-' || *text == '+' ? text + 1 : text;
+    if (*digits < '0' || *digits > '9')
+        return PAGENUMBER_REFUSED;
+    char* end = nullptr;
+    errno = 0;
+    const long long number = strtoll(text, &end, 10);
+    while (*end == ' ')
+        end++;
+    if (*end || errno == ERANGE || number < low || number > high)
+        return PAGENUMBER_REFUSED;
+    *value = (int)number;
+    return PAGENUMBER_TAKEN;
+}
+
+std::string PageNumberRefusal(const char* text, int low, int high)
+{
+    return FormatString("%.32s is out of range.\nEnter a number from %d to %d.", text ? text : "", low, high);
+}
+
+std::string ArithmeticModeRefusal(int mode, const char* chosen, const KEYSLOT& slot)
+{
+    if (mode == 0 || mode == 1)
+        return std::string();
+    return FormatString("\"%.64s\" cannot be stored: an arithmetical key counts \"Up\" or \"Down\".\n"
+                        "The key keeps \"%s\".",
+                        chosen ? chosen : "", slot.functionId == KF_INCREASE + 1 ? "Down" : "Up");
 }
 
 bool StorePageControlText(const PAGECONTROL& control, KEYSLOT* slot, const char* text)

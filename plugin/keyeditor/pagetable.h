@@ -72,6 +72,23 @@ double PageControlValue(const PAGECONTROL& control, const KEYSLOT& slot);
 // Stores what the control now shows; false when the control has no number to store.
 bool StorePageControlValue(const PAGECONTROL& control, KEYSLOT* slot, double value);
 
+// The whole numbers a number control (or a spin, by its edit) may store: the
+// width of the record field it writes, 0 to 255 or 0 to 65535. False for a
+// control that stores no whole number.
+bool PageControlRange(const KEYPAGE* page, const PAGECONTROL& control, int32_t functionId, int* low, int* high);
+
+// What a number control's text is: nothing yet (empty: the user is typing),
+// a number within the range, or anything else, which the page refuses.
+enum PAGENUMBER { PAGENUMBER_EMPTY, PAGENUMBER_TAKEN, PAGENUMBER_REFUSED };
+PAGENUMBER ReadPageNumber(const char* text, int low, int high, int* value);
+// The refusal's message: "70000 is out of range.\nEnter a number from 0 to 65535."
+std::string PageNumberRefusal(const char* text, int low, int high);
+
+// The arithmetic modes after "Up" and "Down" have no function of their own
+// (the record has no place for them): the message that refuses one, naming
+// the mode the key keeps. Empty for "Up" and "Down" (0 and 1).
+std::string ArithmeticModeRefusal(int mode, const char* chosen, const KEYSLOT& slot);
+
 // Stores a text control's text (cut to its field), and the flag that goes with it.
 bool StorePageControlText(const PAGECONTROL& control, KEYSLOT* slot, const char* text);
 

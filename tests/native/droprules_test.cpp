@@ -117,3 +117,27 @@ TEST(DropRules, CountsTheKeysOfAFunction)
     EXPECT_EQ(CountKeyFunction(keys, 1, kProtect), 1);
     EXPECT_EQ(CountKeyFunction(keys, 4, kProtect), 3);
 }
+
+// A key made by a drop is a new key: the functions with a new key's record get
+// it, the others are their bare names.
+TEST(DropRules, ADroppedKeyIsANewKey)
+{
+    const struct {
+        int32_t function;
+        const char* line;
+    } drops[] = {
+        {90, "key005=Stop,0,0,0,91,91,"},
+        {110, "key005=On,40,0"},
+        {20, "key005=Talk to Selection,0,0,0,50,0,0,1,"},
+        {30, "key005=Toggle All,0"},
+        {60, "key005=Menu,0"},
+        {kSelectZone, "key005=Select Zone"},  // a new one names its zone; a drop has none
+        {kAlarm, "key005=Alarm to Selection"},
+        {kProtect, "key005=Protect"},
+        {kIndicatorTest, "key005=Indicator Test"},
+        {kSystemFaults, "key005=System Faults"},
+    };
+    for (const auto& drop : drops)
+        EXPECT_EQ(DroppedKeyLine(5, drop.function), drop.line) << drop.function;
+    EXPECT_EQ(DroppedKeyLine(123, 90), "key123=Stop,0,0,0,91,91,");
+}

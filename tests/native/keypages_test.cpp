@@ -183,6 +183,96 @@ TEST(KeyPages, NoFieldIsWrittenPastItsWidth)
     EXPECT_EQ(record, "Select Zone,0," + std::string(KEYTEXT_SIZE - 1, 'x'));
 }
 
+// Every number control and its spin take the range of the field they write:
+// priorities and the repeat time are 16-bit fields of their records.
+TEST(KeyPages, NumberControlsTakeTheirFieldsRange)
+{
+    const struct {
+        int page;
+        const char* record;
+        int control;
+        int spin;  // 0: an edit without a spin
+    } numbers[] = {
+        {152, "PTT to Zone,0,0,0,50,0,0,1,0,0,,", 1065, 1066},
+        {158, "On,40,0", 1067, 1068},
+        {163, "EVAC Messages to Zone,0,0,0,0,0,0,0,,", 1097, 1098},
+        {167, "Talk to Zone,0,0,0,50,0,0,1,0,0,0,0,0,0,0,0,,,", 1065, 1066},
+        {167, "Talk to Zone,0,0,0,50,0,0,1,0,0,0,0,0,0,0,0,,,", 2021, 2022},
+        {183, "Increase,V,0,0,0,0,0", 1024, 0},
+        {184, "Chime to Zone,0,0,0,50,0,0,0,,", 1065, 1066},
+        {185, "Alarm to Zone,0,0,0,50,0,,", 1065, 1066},
+        {186, "Stop,0,0,0,91,91,", 1067, 1068},
+        {193, "Business Messages to Zone,0,0,0,0,0,,", 2005, 2006},
+    };
+    int checked = 0;
+    for (const auto& n : numbers) {
+        const KEYPAGE* page = FindKeyPage(n.page);
+        const KEYSLOT slot = Parsed(n.record);
+        for (int id : {n.control, n.spin}) {
+            if (!id)
+                continue;
+            int low = -1, high = -1;
+            ASSERT_TRUE(PageControlRange(page, *FindPageControl(page, id), slot.functionId, &low, &high))
+                << n.page << ":" << id;
+            EXPECT_EQ(low, 0) << n.page << ":" << id;
+            EXPECT_EQ(high, 65535) << n.page << ":" << id;
+        }
+        checked++;
+    }
+    // No number control of any page is left out of the list above.
+    int controls = 0;
+    for (int i = 0; i < KEYPAGE_COUNT; i++)
+        for (int c = 0; c < KeyPages()[i].count; c++)
+            controls += KeyPages()[i].controls[c].kind == PC_NUMBER ? 1 : 0;
+    EXPECT_EQ(controls, checked);
+    // A control that stores no whole number has no range.
+    int low = 0, high = 0;
+    EXPECT_FALSE(PageControlRange(FindKeyPage(183), *FindPageControl(FindKeyPage(183), 1019), 50, &low, &high));
+    EXPECT_FALSE(PageControlRange(FindKeyPage(167), *FindPageControl(FindKeyPage(167), 1015), 21, &low, &high));
+}
+
+TEST(KeyPages, ANumberOutsideItsRangeIsRefused)
+{
+    const struct {
+        const char* text;
+        PAGENUMBER read;
+        int value;
+    } cases[] = {
+        {"", PAGENUMBER_EMPTY, 0},        {"  ", PAGENUMBER_EMPTY, 0},        {"0", PAGENUMBER_TAKEN, 0},
+        {"70", PAGENUMBER_TAKEN, 70},     {"65535", PAGENUMBER_TAKEN, 65535}, {"65536", PAGENUMBER_REFUSED, 0},
+        {"70000", PAGENUMBER_REFUSED, 0}, {"-1", PAGENUMBER_REFUSED, 0},      {"99999999999999999999", PAGENUMBER_REFUSED, 0},
+        {"12abc", PAGENUMBER_REFUSED, 0}, {"abc", PAGENUMBER_REFUSED, 0},     {"-", PAGENUMBER_REFUSED, 0},
+    };
+    for (const auto& c : cases) {
+        int value = -7;
+        EXPECT_EQ(ReadPageNumber(c.text, 0, 65535, &value), c.read) << c.text;
+        if (c.read == PAGENUMBER_TAKEN)
+            EXPECT_EQ(value, c.value) << c.text;
+        else
+            EXPECT_EQ(value, -7) << c.text;
+    }
+    EXPECT_EQ(ReadPageNumber("256", 0, 255, nullptr), PAGENUMBER_REFUSED);
+    EXPECT_EQ(PageNumberRefusal("70000", 0, 65535), "70000 is out of range.\nEnter a number from 0 to 65535.");
+}
+
+// Four of the six arithmetic modes have no function: they are refused with a
+// word that names the mode the key keeps.
+TEST(KeyPages, TheArithmeticModesWithoutAFunctionAreRefused)
+{
+    const KEYSLOT up = Parsed("Increase,V,0,0,0,0,0");
+    const KEYSLOT down = Parsed("Decrease,V,0,0,0,0,0");
+    EXPECT_EQ(ArithmeticModeRefusal(0, "Up", down), "");
+    EXPECT_EQ(ArithmeticModeRefusal(1, "Down", up), "");
+    const char* const modes[] = {"Set Arithmetic Value", "Switch Arithmetic Value", "Toggle Arithmetic Value",
+                                 "Radio Button Field"};
+    for (int mode = 2; mode < 6; mode++) {
+        EXPECT_EQ(ArithmeticModeRefusal(mode, modes[mode - 2], up),
+                  std::string("\"") + modes[mode - 2] +
+                      "\" cannot be stored: an arithmetical key counts \"Up\" or \"Down\".\nThe key keeps \"Up\".");
+        EXPECT_NE(ArithmeticModeRefusal(mode, modes[mode - 2], down).find("The key keeps \"Down\"."), std::string::npos);
+    }
+}
+
 TEST(KeyPages, MessagesAreMatchedByNumber)
 {
     const std::vector<MESSAGEENTRY> list = ParseMessageList("Evacuate now|3,Gong|7,broken,Bell|12");

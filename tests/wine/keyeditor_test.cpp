@@ -300,7 +300,8 @@ TEST(KeyFunctionView, ADropGivesTheKeyTheFunctionAndOpensItsPage)
     HOSTINFO* console = design.Object("ORNCST_1");
     console->m_wFlags &= ~HOSTFLAG_EDITED;
     EXPECT_EQ(Drop(window, 20, 5), 1);
-    EXPECT_EQ(design.Get("ORNCST_1", "key005"), "Talk to Selection,0,0,0,0,0,0,1,0,0,0,0,0,0,0,0,,,");  // input 0 is none: "Internal Mic"
+    // A new talk key: priority 50 and the internal microphone (the oldest record, prechime code 0 "1-Tone").
+    EXPECT_EQ(design.Get("ORNCST_1", "key005"), "Talk to Selection,0,1,0,50,0,0,1,0,0,0,0,0,0,0,0,,1-Tone,");
     EXPECT_NE(console->m_wFlags & HOSTFLAG_EDITED, 0);
     Tick(window);
     Tick(window);
@@ -477,33 +478,187 @@ TEST(KeyFunctionView, ThePagesStoreWhatTypingTheRecordWould)
     DestroyWindow(window);
 }
 
-// Every function of the tree, dropped, reads as typing its name would.
-TEST(KeyFunctionView, EveryFamilyFromTheTreeSavesAsTypingWould)
+// Every function of the tree, dropped, reads as typing a new key would: the
+// record a new key of its family gets, or its bare name. Nothing is reported.
+TEST(KeyFunctionView, EveryFamilyFromTheTreeSavesAsTypingANewKeyWould)
 {
     TESTDESIGN design;
     design.Load(ListedDesign());
     HWND window = OpenConfiguration(design);
     ASSERT_NE(window, nullptr);
+    const size_t reported = design.Output().size();
     const struct {
         LPARAM id;
-        const char* name;
-    } functions[] = {{20, "Talk to Selection"}, {10, "Select Zone"}, {30, "Toggle All"}, {40, "Switch On"},
-                     {50, "Increase"}, {60, "Menu"}, {90, "Stop"}, {80, "Alarm to Selection"},
-                     {70, "Chime to Selection"}, {110, "On"}, {120, "Protect"}, {130, "EVAC Messages to Selection"},
-                     {140, "Business Messages to Selection"}, {160, "System Faults"}, {170, "Indicator Test"}};
+        const char* typed;
+    } functions[] = {{20, "Talk to Selection,0,0,0,50,0,0,1,"}, {10, "Select Zone"}, {30, "Toggle All,0"},
+                     {40, "Switch On"}, {50, "Increase"}, {60, "Menu,0"}, {90, "Stop,0,0,0,91,91,"},
+                     {80, "Alarm to Selection"}, {70, "Chime to Selection"}, {110, "On,40,0"}, {120, "Protect"},
+                     {130, "EVAC Messages to Selection"}, {140, "Business Messages to Selection"},
+                     {160, "System Faults"}, {170, "Indicator Test"}};
     int key = 0;
     for (const auto& f : functions) {
         const int target = f.id == 160 ? 115 : key;  // the fault key's place on this model is DEL
-        EXPECT_EQ(Drop(window, f.id, target), 1) << f.name;
-        char typed[64];
-        snprintf(typed, sizeof typed, "ORNCST_1*key%03d=%s", 100 + key, f.name);
+        EXPECT_EQ(Drop(window, f.id, target), 1) << f.typed;
+        char typed[80];
+        snprintf(typed, sizeof typed, "ORNCST_1*key%03d=%s", 100 + key, f.typed);
         design.Edit(typed);
         char dropped[16], reference[16];
         snprintf(dropped, sizeof dropped, "key%03d", target);
         snprintf(reference, sizeof reference, "key%03d", 100 + key);
-        EXPECT_EQ(design.Get("ORNCST_1", dropped), design.Get("ORNCST_1", reference)) << f.name;
+        EXPECT_EQ(design.Get("ORNCST_1", dropped), design.Get("ORNCST_1", reference)) << f.typed;
         key++;
     }
+    EXPECT_EQ(design.Output().size(), reported);
+    // What a new stop, on and talk key do: stop paging, chime and text; switch on at 40; talk at 50.
+    EXPECT_EQ(design.Get("ORNCST_1", "key006"), "Stop,0,0,0,91,91,");
+    EXPECT_EQ(design.Get("ORNCST_1", "key009"), "On,40,0");
+    EXPECT_EQ(design.Get("ORNCST_1", "key000"), "Talk to Selection,0,1,0,50,0,0,1,0,0,0,0,0,0,0,0,,1-Tone,");
+    DestroyWindow(window);
+}
+
+// A dropped talk key has its internal microphone: the audio input's error
+// never reaches the output pane, on a board either.
+TEST(KeyFunctionView, ADroppedTalkKeyReportsNothing)
+{
+    TESTDESIGN design;
+    design.Load(ListedDesign({"ORNCST_1*type=ORN-CSK"}));
+    HWND window = OpenConfiguration(design);
+    ASSERT_NE(window, nullptr);
+    const std::vector<std::string> before = design.Output();
+    EXPECT_EQ(Drop(window, 20, 3), 1);
+    EXPECT_EQ(Drop(window, 20, 4), 1);
+    EXPECT_EQ(design.Output(), before);
+    Tick(window);
+    Tick(window);
+    ASSERT_EQ(KeyPageId(window), 167);
+    EXPECT_EQ(SelectedText(KeyPage(window), 1018), "Internal Mic");
+    EXPECT_EQ(GetDlgItemInt(KeyPage(window), 1065, nullptr, FALSE), 50u);
+    DestroyWindow(window);
+}
+
+// A number the key's field cannot hold is refused with a word; the stored
+// number stays and shows. Every spin counts through its field's width.
+TEST(KeyFunctionView, ANumberOutsideItsFieldIsRefused)
+{
+    TESTDESIGN design;
+    design.Load(ListedDesign({"ORNCST_1*type=ORN-CSK",
+                              "ORNCST_1*key002=Talk to Zone,0,0,0,50,0,0,1,0,0,0,0,60,0,0,0,ORNCON_1.Hall,,",
+                              "ORNCST_1*key003=On,40,0", "ORNCST_1*key004=Stop,0,0,0,91,91,",
+                              "ORNCST_1*key005=EVAC Messages to Zone,0,0,0,0,0,0,0,ORNCON_1.Hall,",
+                              "ORNCST_1*key006=Business Messages to Zone,0,0,0,0,0,ORNCON_1.Hall,",
+                              "ORNCST_1*key007=Chime to Zone,0,0,2,50,0,0,0,ORNCON_1.Hall,",
+                              "ORNCST_1*key008=Alarm to Zone,0,0,0,50,0,ORNCON_1.Hall,",
+                              "ORNCST_1*key009=Increase,V,0,0,0,250,0",
+                              "ORNCST_1*key123=PTT to Selection,0,0,0,50,0,0,1,0,0,,"}));
+    HWND window = OpenConfiguration(design);
+    ASSERT_NE(window, nullptr);
+    const struct {
+        int key;
+        int page;
+        int edit;
+        int spin;  // 0: none
+        const char* keyword;
+    } numbers[] = {
+        {2, 167, 1065, 1066, "key002"}, {2, 167, 2021, 2022, "key002"}, {3, 158, 1067, 1068, "key003"},
+        {4, 186, 1067, 1068, "key004"}, {5, 163, 1097, 1098, "key005"}, {6, 193, 2005, 2006, "key006"},
+        {7, 184, 1065, 1066, "key007"}, {8, 185, 1065, 1066, "key008"}, {9, 183, 1024, 0, "key009"},
+        {123, 152, 1065, 1066, "key123"},
+    };
+    for (const auto& n : numbers) {
+        SCOPED_TRACE(n.keyword + std::string(":") + std::to_string(n.edit));
+        SelectKey(window, n.key);
+        ASSERT_EQ(KeyPageId(window), n.page);
+        HWND page = KeyPage(window);
+        if (n.spin) {
+            int low = -1, high = -1;
+            SendDlgItemMessageA(page, n.spin, UDM_GETRANGE32, (WPARAM)&low, (LPARAM)&high);
+            EXPECT_EQ(low, 0);
+            EXPECT_EQ(high, 65535);  // every priority is a 16-bit field
+        }
+        const UINT shown = GetDlgItemInt(page, n.edit, nullptr, FALSE);
+        const std::string stored = design.Get("ORNCST_1", n.keyword);
+        {
+            MESSAGEBOXCATCHER boxes;
+            SetDlgItemTextA(page, n.edit, "70000");
+            ASSERT_EQ(boxes.Texts().size(), 1u);
+            EXPECT_EQ(boxes.Texts()[0], "70000 is out of range.\nEnter a number from 0 to 65535.");
+        }
+        EXPECT_EQ(design.Get("ORNCST_1", n.keyword), stored);
+        EXPECT_EQ(GetDlgItemInt(page, n.edit, nullptr, FALSE), shown);
+        SetDlgItemTextA(page, n.edit, "65535");  // the field's top is taken
+        EXPECT_NE(design.Get("ORNCST_1", n.keyword).find(",65535,"), std::string::npos) << design.Get("ORNCST_1", n.keyword);
+    }
+    DestroyWindow(window);
+}
+
+// "Up" and "Down" are the arithmetical key's functions; the other four modes
+// are refused with a word, and the list stays on the key's mode.
+TEST(KeyFunctionView, AnArithmeticModeWithoutAFunctionIsRefusedWithAWord)
+{
+    TESTDESIGN design;
+    design.Load(ListedDesign({"ORNCST_1*key002=Decrease,TE.Volume,0,10,1,250,0"}));
+    HWND window = OpenConfiguration(design);
+    ASSERT_NE(window, nullptr);
+    SelectKey(window, 2);
+    ASSERT_EQ(KeyPageId(window), 183);
+    const std::string stored = design.Get("ORNCST_1", "key002");
+    for (const char* mode : {"Set Arithmetic Value", "Switch Arithmetic Value", "Toggle Arithmetic Value",
+                             "Radio Button Field"}) {
+        MESSAGEBOXCATCHER boxes;
+        ChooseItem(KeyPage(window), 1025, mode);
+        ASSERT_EQ(boxes.Texts().size(), 1u) << mode;
+        EXPECT_NE(boxes.Texts()[0].find(mode), std::string::npos) << boxes.Texts()[0];
+        EXPECT_NE(boxes.Texts()[0].find("The key keeps \"Down\"."), std::string::npos) << boxes.Texts()[0];
+        EXPECT_EQ(boxes.Captions()[0], "WARNING");
+        EXPECT_EQ(SelectedText(KeyPage(window), 1025), "Down");
+        EXPECT_EQ(design.Get("ORNCST_1", "key002"), stored);
+    }
+    ChooseItem(KeyPage(window), 1025, "Up");  // a mode with a function is taken without a word
+    EXPECT_EQ(design.Get("ORNCST_1", "key002"), "Increase,TE.Volume,0.000000,10.000000,1.000000,250,0");
+    DestroyWindow(window);
+}
+
+// A paste, by the key menu or Ctrl+V, opens the page of the key pasted onto,
+// with what it now holds, as a click on it would.
+TEST(KeyFunctionView, APastedKeyShowsItsPage)
+{
+    TESTDESIGN design;
+    design.Load(ListedDesign({"ORNCST_1*key002=Stop,0,7,0,91,91,", "ORNCST_1*key003=On,40,0",
+                              "ORNCST_1*key004=On,45,0", "ORNCST_1*key005=On,50,0"}));
+    HWND window = OpenConfiguration(design);
+    ASSERT_NE(window, nullptr);
+    HWND consoleView = GetDlgItem(window, IDC_CONSOLEVIEW);
+    SelectKey(window, 2);
+    ASSERT_EQ(KeyPageId(window), 186);
+    POINT at;
+    ASSERT_TRUE(KeyPoint(consoleView, 2, &at));
+    ViewMenuAt(consoleView, at.x, at.y, "Copy");
+    ASSERT_TRUE(KeyPoint(consoleView, 3, &at));
+    ViewMenuAt(consoleView, at.x, at.y, "Paste");  // onto key 3, which was never clicked
+    Tick(window);
+    Tick(window);
+    EXPECT_EQ(design.Get("ORNCST_1", "key003"), "Stop,0,7,0,91,91,");
+    ASSERT_EQ(KeyPageId(window), 186);
+    SetDlgItemTextA(KeyPage(window), 1067, "9");  // the page edits key 3, not key 2
+    EXPECT_EQ(design.Get("ORNCST_1", "key003"), "Stop,0,9,0,91,91,");
+    EXPECT_EQ(design.Get("ORNCST_1", "key002"), "Stop,0,7,0,91,91,");
+    // Ctrl+V onto an "On" key while its page shows: the page is the pasted key's, not the old one.
+    SelectKey(window, 4);
+    ASSERT_EQ(KeyPageId(window), 158);
+    ASSERT_TRUE(KeyPoint(consoleView, 5, &at));
+    ViewMenuAt(consoleView, at.x, at.y, "Copy");
+    BYTE keys[256] = {};
+    GetKeyboardState(keys);
+    keys[VK_CONTROL] = 0x80;
+    SetKeyboardState(keys);
+    SendMessageA(consoleView, WM_KEYDOWN, 'V', 0);  // onto key 4, the keyboard's key
+    keys[VK_CONTROL] = 0;
+    SetKeyboardState(keys);
+    Tick(window);
+    Tick(window);
+    EXPECT_EQ(design.Get("ORNCST_1", "key004"), "On,50,0");
+    ASSERT_EQ(KeyPageId(window), 158);
+    EXPECT_EQ(GetDlgItemInt(KeyPage(window), 1067, nullptr, FALSE), 50u);
     DestroyWindow(window);
 }
 
