@@ -176,7 +176,10 @@ struct PLANREADER {
         const std::string caption = CellText(row, COLUMN_KEY);
         const std::string id = CellText(row, COLUMN_ID);
         KEYNAME byCaption, byId;
-        if (!caption.empty() && (byCaption = names.ByCaption(caption)).slot < 0) {
+        // The key column takes the key's id too.
+        if (!caption.empty() && (byCaption = names.ByCaption(caption)).slot < 0)
+            byCaption = KEYNAMES::ById(caption);
+        if (!caption.empty() && byCaption.slot < 0) {
             Error(row.line, "unknown key \"" + caption + "\"");
             return false;
         }
