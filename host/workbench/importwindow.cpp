@@ -183,12 +183,27 @@ LRESULT ImportDispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
     }
 }
 
+// Nothing thrown inside leaves the procedure (the workbench has no trace to
+// tell of it): creation fails, anything else gets the default answer.
+LRESULT CALLBACK ImportWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    try {
+        return ImportDispatch(hwnd, message, wParam, lParam);
+    } catch (...) {
+        if (message == WM_NCCREATE)
+            return FALSE;
+        if (message == WM_CREATE)
+            return -1;
+        return DefWindowProcA(hwnd, message, wParam, lParam);
+    }
+}
+
 bool RegisterImportClass()
 {
     WNDCLASSA wc = {};
     if (GetClassInfoA(GetModuleHandleA(NULL), kImportWindowClass, &wc))
         return true;
-    wc.lpfnWndProc = GuardedWindowProc<ImportDispatch>;
+    wc.lpfnWndProc = ImportWndProc;
     wc.hInstance = GetModuleHandleA(NULL);
     wc.hCursor = LoadCursor(NULL, IDC_ARROW);
     wc.hbrBackground = (HBRUSH)(COLOR_BTNFACE + 1);
