@@ -15,7 +15,7 @@ const char kImportWindowClass[] = "DovrixcKeyPlanImport";
 namespace {
 
 const char kCaption[] = "Import key plan";
-const int kWidth = 860;
+const int kWidth = 1040;
 const int kHeight = 460;
 const int kMargin = 10;
 const int kSummaryHeight = 20;
@@ -26,8 +26,8 @@ struct COLUMN {
     const char* title;
     int width;
 };
-const COLUMN kChangeColumns[] = {{"Console", 130}, {"Key", 120}, {"Before", 280}, {"After", 280}};
-const COLUMN kErrorColumns[] = {{"Line", 60}, {"Error", 750}};
+const COLUMN kChangeColumns[] = {{"Console", 130}, {"Key", 120}, {"Before", 390}, {"After", 390}};
+const COLUMN kErrorColumns[] = {{"Line", 60}, {"Error", 930}};
 
 struct IMPORTSTATE {
     HOSTINFO* design = nullptr;
