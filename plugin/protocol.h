@@ -105,6 +105,12 @@ enum CHILDID : int {
     IDC_KEYPAGE = 1005,                 // the configuration window's key-function editor panel
 };
 
+// The workbench's key-plan import window (OK and Cancel are IDOK and IDCANCEL).
+enum KEYPLANIMPORTID : int {
+    IDC_IMPORT_SUMMARY = 100,           // "N keys change on M consoles", or the errors' count
+    IDC_IMPORT_LIST = 101,              // console, key, before, after; or line and error
+};
+
 // The console view's toolbar commands.
 enum VIEWTOOLCOMMAND : int {
     IDC_VIEWTOOL_POINTER = 1,

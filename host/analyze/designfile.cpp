@@ -266,7 +266,11 @@ BOOL a_LoadLine(HOSTINFO* root, LPCSTR line, int mode)
     return LoadOneLine(design, line, strlen(line), mode, LINESOURCE{nullptr, 0, nullptr, nullptr});
 }
 
-BOOL a_SaveFile(HOSTINFO* root, LPCSTR path)
+namespace {
+
+// Host lines, then pass 0 and pass 1 of every object; the edited marks are
+// cleared when asked and the file was written.
+BOOL WriteDesign(HOSTINFO* root, LPCSTR path, bool clearEdited)
 {
     DESIGN* design = FindDesign(root);
     if (!design || !path)
@@ -285,8 +289,20 @@ BOOL a_SaveFile(HOSTINFO* root, LPCSTR path)
         for (HOSTINFO* obj : objects)
             SaveObject(obj, pass, file);
     CloseHandle(file);
-    if (ok)
+    if (ok && clearEdited)
         for (HOSTINFO* obj : objects)
             obj->m_wFlags &= (WORD)~HOSTFLAG_EDITED;
     return ok;
+}
+
+}  // namespace
+
+BOOL a_SaveFile(HOSTINFO* root, LPCSTR path)
+{
+    return WriteDesign(root, path, true);
+}
+
+BOOL a_SaveCopy(HOSTINFO* root, LPCSTR path)
+{
+    return WriteDesign(root, path, false);
 }

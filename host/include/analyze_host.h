@@ -24,6 +24,10 @@ ANALYZE_API void a_FinishLoading(HOSTINFO* root);
 // Writes the design: host lines, then pass 0 and pass 1 of every object.
 // "projectversion" is written as the host's own version when one is set.
 ANALYZE_API BOOL a_SaveFile(HOSTINFO* root, LPCSTR path);
+// Writes the design as a_SaveFile does, for a program that reads the design's
+// text (the workbench's key-plan import): the objects keep their edited marks,
+// so a changed design still counts as changed.
+ANALYZE_API BOOL a_SaveCopy(HOSTINFO* root, LPCSTR path);
 // The project version of the host application (for example "V 3.9.0"): a
 // design is saved in it, whatever version it was read in.
 ANALYZE_API BOOL a_SetHostProjectVersion(HOSTINFO* root, LPCSTR version);

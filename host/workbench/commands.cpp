@@ -13,7 +13,7 @@ namespace {
 
 const VERBHANDLERS* const kHandlerTables[] = {
     &kInspectVerbs, &kInputVerbs, &kSimulationVerbs, &kPictureVerbs, &kConsoleViewVerbs, &kPanelVerbs,
-    &kFirmwareVerbs, &kConfigurationVerbs, &kKeyEditorVerbs, &kManagerVerbs, &kKeyboardVerbs,
+    &kFirmwareVerbs, &kConfigurationVerbs, &kKeyEditorVerbs, &kManagerVerbs, &kKeyboardVerbs, &kImportVerbs,
 };
 
 // The handlers bound to the verb; the one found is handed back.

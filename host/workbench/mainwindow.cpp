@@ -3,6 +3,7 @@
 #include <commctrl.h>
 #include <commdlg.h>
 
+#include "importplan.h"
 #include "saveprompt.h"
 
 #include "../../base/text.h"
@@ -31,6 +32,7 @@ enum {
     IDM_DEVICE_CONSOLEVIEW,
     IDM_DEVICE_CONTROLPANEL,
     IDM_ABOUT,
+    IDM_IMPORTPLAN,
     IDM_DEVICE_FAULT = 200,  // + fault word 1 .. 10
     IDM_ADDCONSOLES = 300,   // + the console type's index
 };
@@ -48,6 +50,8 @@ HMENU BuildMenu()
     AppendMenuA(file, MF_STRING, IDM_OPEN, "&Open...");
     AppendMenuA(file, MF_STRING, IDM_SAVE, "&Save");
     AppendMenuA(file, MF_STRING, IDM_SAVEAS, "Save &As...");
+    AppendMenuA(file, MF_SEPARATOR, 0, NULL);
+    AppendMenuA(file, MF_STRING, IDM_IMPORTPLAN, "&Import key plan...");
     AppendMenuA(file, MF_SEPARATOR, 0, NULL);
     AppendMenuA(file, MF_STRING, IDM_EXIT, "E&xit");
     HMENU view = CreatePopupMenu();
@@ -130,15 +134,18 @@ void Frame_Layout(HWND hwnd, FRAME* frame)
     MoveWindow(frame->bench->output, 0, outputTop, client.right, kOutputHeight, TRUE);
 }
 
-bool AskForFile(HWND hwnd, bool save, char* path, DWORD size)
+const char kDesignFilter[] = "Design files (*.ds)\0*.ds\0All files\0*.*\0";
+const char kPlanFilter[] = "Key plans (*.csv)\0*.csv\0All files\0*.*\0";
+
+bool AskForFile(HWND hwnd, bool save, char* path, DWORD size, const char* filter = kDesignFilter)
 {
     OPENFILENAMEA ofn = {};
     ofn.lStructSize = sizeof ofn;
     ofn.hwndOwner = hwnd;
-    ofn.lpstrFilter = "Design files (*.ds)\0*.ds\0All files\0*.*\0";
+    ofn.lpstrFilter = filter;
     ofn.lpstrFile = path;
     ofn.nMaxFile = size;
-    ofn.lpstrDefExt = "ds";
+    ofn.lpstrDefExt = filter == kPlanFilter ? "csv" : "ds";
     ofn.Flags = save ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST;
     return save ? GetSaveFileNameA(&ofn) != 0 : GetOpenFileNameA(&ofn) != 0;
 }
@@ -203,6 +210,10 @@ void Frame_Command(HWND hwnd, FRAME* frame, int id)
     case IDM_SAVE:
     case IDM_SAVEAS:
         SaveToFile(hwnd, bench, id == IDM_SAVEAS);
+        break;
+    case IDM_IMPORTPLAN:
+        if (AskForFile(hwnd, false, path, sizeof path, kPlanFilter) && RunImportWindow(hwnd, bench->design, path))
+            RefreshPropertyValues(bench->properties);
         break;
     case IDM_EXIT:
         if (ConfirmDropDesign(hwnd, bench, SaveBeforeDropping))

@@ -9,6 +9,8 @@
 #include <stdio.h>
 #include <string.h>
 
+#include "importplan.h"
+
 #include "../../base/banned.h"
 
 namespace {
@@ -58,6 +60,12 @@ bool Picture(WORKBENCH* bench, const SCRIPTCOMMAND& command)
     const char* path = command.text.c_str();
     if (target == "screen")
         return SaveScreenPicture(bench->frame, path);
+    if (target == "import") {
+        HWND window = FindWindowA(kImportWindowClass, NULL);
+        if (!window)
+            fprintf(stderr, "workbench: no import window is open\n");
+        return window && SaveScreenPicture(window, path);
+    }
     if (target == "surface")
         return SaveWindowPicture(bench->surface, path);
     if (target == "dialog")

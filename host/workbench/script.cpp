@@ -66,6 +66,8 @@ const PLACEHOLDER kPlaceholders[] = {
     {"OBJ*KEYWORD=VALUE", ARG_DESIGNLINE, &SCRIPTCOMMAND::text, nullptr, 0, 0},
     {"KEYNAME", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
     {"KEYS", ARG_REST, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"PLAN", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"[check|show]", ARG_CHOICE, &SCRIPTCOMMAND::typed, nullptr, 0, 0},
     {"VARIABLE=VALUE", ARG_ASSIGNMENT, &SCRIPTCOMMAND::text, &SCRIPTCOMMAND::value, INT_MIN, INT_MAX},
 };
 

@@ -61,18 +61,20 @@ enum SCRIPTVERB {
     SCRIPT_REDO,
     SCRIPT_KEY,
     SCRIPT_SELECTKEYS,
+    SCRIPT_IMPORT,
     SCRIPT_VERB_COUNT  // not a verb: the number of them, SCRIPT_NOTHING included
 };
 
 struct SCRIPTCOMMAND {
     SCRIPTVERB verb = SCRIPT_NOTHING;
     std::string object;   // get, online, fault, device, list, tooltip, menu, open, delete; shot: the target
-    std::string typed;    // edit, pick, dialog: the value typed
+    std::string typed;    // edit, pick, dialog: the value typed; import: check, show or empty
     std::string text;     // set: the whole design line; get, edit: the keyword; save, screenshot: the
                           // file; device: the variable; rclick: the item; label: the text;
                           // extension: add or remove; page: N, side or buttons;
                           // tab: configuration or supervision; choose: the console;
                           // drop: the function; select: the key as given (empty: none);
+                          // import: the plan file;
                           // addconsoles: the type; dialog: the field; treeselect: the item;
                           // move: the controller
     int code = 0;         // pick: the control; callback: the code; fault: the fault word; tick: milliseconds; drag: DX;

@@ -78,6 +78,9 @@ const SCRIPTVERBROW kVerbs[] = {
      "right, up, down, delete, enter, escape, f2, f10 or apps"},
     {SCRIPT_SELECTKEYS, "selectkeys", "OBJ KEYS",
      "clicks the keys (ids) in turn in the configuration window: they join the selection, the last one has the focus"},
+    {SCRIPT_IMPORT, "import", "PLAN [check|show]",
+     "reads the key plan PLAN (CSV) against the design, prints the difference and applies it; check only prints; "
+     "show opens the import window"},
     {SCRIPT_HELP, "help", "", "prints every command with its arguments and what it does"},
 };
 

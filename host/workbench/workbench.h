@@ -107,6 +107,7 @@ extern const VERBHANDLERS kKeyboardVerbs;      // keyboardverbs.cpp
 bool SelectEditorKey(const std::string& object, int key);
 bool PrintEditorPage(const std::string& object);
 extern const VERBHANDLERS kManagerVerbs;      // managerverbs.cpp: the system manager's dialog and tree
+extern const VERBHANDLERS kImportVerbs;       // importverbs.cpp: key plans
 
 // Whether every verb has exactly one handler; names those that do not on stderr.
 bool CheckVerbHandlers();

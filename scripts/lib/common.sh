@@ -265,7 +265,7 @@ winpath() {
 
 # The libFuzzer targets of build/fuzz (fuzz/), each with its seed corpus in
 # fuzz/corpus/NAME.
-FUZZ_TARGETS=(designline keyrecord keyblock values device extraction package designreport hostlist)
+FUZZ_TARGETS=(designline keyrecord keyblock values device extraction package designreport hostlist keyplan)
 
 # fuzz_target NAME SECONDS: one bounded run on the target's seed corpus and the
 # corpus it grew before (build/fuzz-corpus/NAME); findings are written to

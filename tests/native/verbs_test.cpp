@@ -126,7 +126,7 @@ TEST(Verbs, EveryVerbParsesFromItsOwnPattern)
         {"FUNCTION", "EVAC"}, {"CONTROL", "1014"}, {"[KEY]", "5"}, {"[N|side|buttons]", "buttons"},
         {"TYPE", "ORN-15CST"}, {"FIELD", "count"}, {"CONTROLLER", "ELKCON_1"},
         {"OBJ*KEYWORD=VALUE", "ORNCST_1*name=Desk"}, {"VARIABLE=VALUE", "Faults3=1"}, {"KEYNAME", "ctrl+c"},
-        {"KEYS", "5 6 7"}};
+        {"KEYS", "5 6 7"}, {"PLAN", "plan.csv"}, {"[check|show]", "check"}};
     for (const SCRIPTVERBROW& row : ScriptVerbs()) {
         std::string line = row.name;
         std::istringstream words(row.pattern);

@@ -31,3 +31,33 @@ TEST(DesignReportProgram, TheWindowsBuildReportsTheSampleAndChecksADesign)
     EXPECT_EQ(missing.exitCode, 2u);
     EXPECT_NE(missing.err.find("cannot read"), std::string::npos);
 }
+
+TEST(KeyPlanProgram, TheWindowsBuildGivesTheSampleBackAndAppliesItsPlan)
+{
+    const std::string folder = TempFolder();
+    const std::string sample = SourcePath("samples\\sample.ds");
+    const RUN report = Program("designreport.exe \"" + sample + "\" --csv \"" + folder + "\\report.csv\"");
+    ASSERT_EQ(report.exitCode, 0u) << report.err;
+    // The report's CSV, unchanged, gives the design back byte for byte.
+    const RUN same = Program("keyplan.exe \"" + sample + "\" \"" + folder + "\\report.csv\" --apply \"" + folder +
+                             "\\same.ds\"");
+    EXPECT_EQ(same.exitCode, 0u) << same.out << same.err;
+    EXPECT_EQ(ReadFileBytes(folder + "\\same.ds"), ReadFileBytes(sample));
+
+    // The sample plan (semicolons, UTF-8): the umlaut is saved in Windows-1252.
+    const RUN plan = Program("keyplan.exe \"" + sample + "\" \"" + SourcePath("samples\\keyplan.csv") + "\" --apply \"" +
+                             folder + "\\planned.ds\"");
+    EXPECT_EQ(plan.exitCode, 0u) << plan.out << plan.err;
+    EXPECT_NE(plan.out.find("5 keys change on 2 consoles"), std::string::npos) << plan.out;
+    const std::string planned = ReadFileBytes(folder + "\\planned.ds");
+    EXPECT_NE(planned.find("ELKCST_2*keylabel000=R\xE4umung Foyer\r\n"), std::string::npos);
+    EXPECT_NE(planned.find("Site*Floor1*ELKCST_3*key115=Stop,0,0,0,91,91,\r\n"), std::string::npos);
+
+    // A plan with an error writes nothing: exit status 1, the error with its line.
+    const std::string bad = WriteScript("Console,Key,Function\r\nORNCST_1,ESC,Stop\r\n");
+    const RUN refused = Program("keyplan.exe \"" + sample + "\" \"" + bad + "\" --apply \"" + folder + "\\bad.ds\"");
+    EXPECT_EQ(refused.exitCode, 1u) << refused.err;
+    EXPECT_NE(refused.out.find("(2): ORNCST_1, \"ESC\": the key does not take \"Stop\""), std::string::npos)
+        << refused.out;
+    EXPECT_EQ(GetFileAttributesA((folder + "\\bad.ds").c_str()), INVALID_FILE_ATTRIBUTES);
+}
