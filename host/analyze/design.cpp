@@ -211,10 +211,17 @@ void a_FinishLoading(HOSTINFO* root)
         if (obj->m_hWnd)
             windows.insert(obj->m_hWnd);
     });
+    // An object's window and the windows inside it, as asking by window gave them.
+    const auto isObjects = [&windows](HWND hwnd) {
+        for (HWND window = hwnd; window; window = GetAncestor(window, GA_PARENT))
+            if (windows.count(window))
+                return true;
+        return false;
+    };
     std::vector<MSG> others;
     MSG msg;
     while (PeekMessageA(&msg, NULL, WM_USER, 0xFFFF, PM_REMOVE)) {
-        if (msg.hwnd && windows.count(msg.hwnd) && IsWindow(msg.hwnd))
+        if (msg.hwnd && IsWindow(msg.hwnd) && isObjects(msg.hwnd))
             DispatchMessageA(&msg);
         else
             others.push_back(msg);
