@@ -5,6 +5,7 @@
 #include <string.h>
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "../../base/text.h"
 #include "../../base/banned.h"
@@ -17,6 +18,14 @@ std::vector<DESIGN*>& OpenDesigns()
 {
     static std::vector<DESIGN*> designs;
     return designs;
+}
+
+double HostMilliseconds()
+{
+    LARGE_INTEGER frequency, now;
+    QueryPerformanceFrequency(&frequency);
+    QueryPerformanceCounter(&now);
+    return (double)now.QuadPart * 1000.0 / (double)frequency.QuadPart;
 }
 
 DESIGN* FindDesign(HOSTINFO* root)
@@ -171,8 +180,7 @@ void a_DestroyDesign(HOSTINFO* root)
     if (!design)
         return;
     // Destroying a window removes its object from the list: work on a copy.
-    const std::vector<HOSTINFO*> objects = design->objects;
-    for (HOSTINFO* obj : objects)
+    for (HOSTINFO* obj : design->objects.Items())
         if (obj->m_hWnd && IsWindow(obj->m_hWnd))
             DestroyWindow(obj->m_hWnd);
     auto& designs = OpenDesigns();
@@ -194,15 +202,37 @@ void a_FinishLoading(HOSTINFO* root)
     DESIGN* design = FindDesign(root);
     if (!design)
         return;
-    // Only the objects' own notices (WM_USER and up): no timer or paint runs here.
-    const std::vector<HOSTINFO*> objects = design->objects;
-    for (HOSTINFO* obj : objects) {
-        MSG msg;
-        while (obj->m_hWnd && IsWindow(obj->m_hWnd) && PeekMessageA(&msg, obj->m_hWnd, WM_USER, 0xFFFF, PM_REMOVE))
+    // Only the objects' own notices (WM_USER and up): no timer or paint runs
+    // here. The thread's queue is walked once, from its front (asking it
+    // window by window would walk it once a window); any other window's
+    // notice goes back to the queue as it was, in its order.
+    std::unordered_set<HWND> windows;
+    design->objects.ForEach([&windows](HOSTINFO* obj) {
+        if (obj->m_hWnd)
+            windows.insert(obj->m_hWnd);
+    });
+    // An object's window and the windows inside it, as asking by window gave them.
+    const auto isObjects = [&windows](HWND hwnd) {
+        for (HWND window = hwnd; window; window = GetAncestor(window, GA_PARENT))
+            if (windows.count(window))
+                return true;
+        return false;
+    };
+    std::vector<MSG> others;
+    MSG msg;
+    while (PeekMessageA(&msg, NULL, WM_USER, 0xFFFF, PM_REMOVE)) {
+        if (msg.hwnd && IsWindow(msg.hwnd) && isObjects(msg.hwnd))
             DispatchMessageA(&msg);
+        else
+            others.push_back(msg);
     }
-    for (HOSTINFO* obj : design->objects)
-        obj->m_wFlags &= (WORD)~HOSTFLAG_EDITED;
+    for (const MSG& other : others) {
+        if (other.hwnd)
+            PostMessageA(other.hwnd, other.message, other.wParam, other.lParam);
+        else
+            PostThreadMessageA(GetCurrentThreadId(), other.message, other.wParam, other.lParam);
+    }
+    design->objects.ForEach([](HOSTINFO* obj) { obj->m_wFlags &= (WORD)~HOSTFLAG_EDITED; });
 }
 
 BOOL a_SetVariable(HOSTINFO* root, LPCSTR name, LPCSTR value)
@@ -248,8 +278,7 @@ BOOL a_IsModified(HOSTINFO* root)
     DESIGN* design = FindDesign(root);
     if (!design)
         return FALSE;
-    for (HOSTINFO* obj : design->objects)
-        if (obj->m_wFlags & HOSTFLAG_EDITED)
-            return TRUE;
-    return FALSE;
+    bool edited = false;
+    design->objects.ForEach([&edited](HOSTINFO* obj) { edited = edited || (obj->m_wFlags & HOSTFLAG_EDITED); });
+    return edited;
 }

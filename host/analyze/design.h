@@ -3,6 +3,7 @@
 #pragma once
 
 #include "analyze_host.h"
+#include "orderedset.h"
 
 #include <string>
 #include <utility>
@@ -38,7 +39,7 @@ public:
 
     HWND surface;
     HWND outputWindow;
-    std::vector<HOSTINFO*> objects;  // in creation order: the order of saving
+    ORDEREDSET<HOSTINFO> objects;    // in creation order: the order of saving
     CHashTable byName;               // objects that told the host they exist
     std::vector<std::pair<std::string, std::string>> variables;
     std::string hostVersion;         // the host's project version; empty: save as loaded
@@ -48,7 +49,12 @@ public:
     WORD mode = 0;                   // the objects' mode word: 0 run, 1 design
     int objectsAdded = 0;            // numbers the objects: their m_nConsoleNumber
     std::vector<std::string> alarmSources;  // "Matrix.AddAlarmID": "CONSOLE.keyN" of alarm keys
+    LOADPHASES lastLoad = {};        // where the last a_LoadFile spent its time
+    double registering = 0;          // ms in a_AddHostinfo and a_HostinfoCreated, which objects call while their windows are made
 };
+
+// A steady clock in milliseconds, for the phases of a load.
+double HostMilliseconds();
 
 // "Matrix.AddAlarmID": where alarm keys announce themselves.
 extern const char kAddAlarmId[];

@@ -22,6 +22,26 @@ struct LINESOURCE {
     int number;
     std::vector<std::string>* refusedNames;  // objects whose control line was refused
     const std::set<std::string>* existing;   // objects of the design before the file came
+    LOADPHASES* phases;                      // where a file's load spends its time; null for single lines
+};
+
+// Adds the time from its making to its end to one phase of a load.
+class PHASETIMER {
+public:
+    PHASETIMER(const LINESOURCE& source, double LOADPHASES::*phase)
+        : m_phases(source.phases), m_phase(phase), m_start(m_phases ? HostMilliseconds() : 0)
+    {
+    }
+    ~PHASETIMER()
+    {
+        if (m_phases)
+            m_phases->*m_phase += HostMilliseconds() - m_start;
+    }
+
+private:
+    LOADPHASES* m_phases;
+    double LOADPHASES::*m_phase;
+    double m_start;
 };
 
 // While obj takes a line, what it reports is said with its name and the line's place.
@@ -71,7 +91,12 @@ bool CreateFromControlLine(DESIGN* design, const DESIGNLINE& line, const LINESOU
 {
     CONTROLSPEC spec;
     std::string error;
-    if (!ParseControlSpec(line.value, &spec, &error)) {
+    bool parsed;
+    {
+        PHASETIMER timer(source, &LOADPHASES::readingLines);
+        parsed = ParseControlSpec(line.value, &spec, &error);
+    }
+    if (!parsed) {
         Refuse(design, source, "Malformed control line, bad", error);
         return false;
     }
@@ -112,8 +137,16 @@ bool CreateFromControlLine(DESIGN* design, const DESIGNLINE& line, const LINESOU
     create.notify = design->surface;
     HWND parent = (spec.style & WS_CHILD) ? design->surface : NULL;
     REPORTING reporting(design, fullName, source);
-    HWND hwnd = CreateWindowExA(spec.exStyle, spec.className.c_str(), spec.name.c_str(), spec.style, spec.x, spec.y,
-                                spec.cx, spec.cy, parent, NULL, GetModuleHandleA(NULL), &create);
+    const double registered = design->registering;
+    HWND hwnd;
+    {
+        PHASETIMER timer(source, &LOADPHASES::creatingWindows);
+        hwnd = CreateWindowExA(spec.exStyle, spec.className.c_str(), spec.name.c_str(), spec.style, spec.x, spec.y,
+                               spec.cx, spec.cy, parent, NULL, GetModuleHandleA(NULL), &create);
+    }
+    // What the object's registering took while its window was made is the host's bookkeeping.
+    if (source.phases)
+        source.phases->creatingWindows -= design->registering - registered;
     if (!hwnd) {
         Refuse(design, source, "Cannot create the window of", fullName);
         return false;
@@ -156,6 +189,7 @@ bool LoadObjectLine(DESIGN* design, const DESIGNLINE& line, int mode, const LINE
     }
     const std::string text = line.keyword + "=" + line.value;
     REPORTING reporting(design, line.object, source);
+    PHASETIMER timer(source, &LOADPHASES::handingLines);
     if (obj->m_hWnd && IsWindow(obj->m_hWnd))
         SendMessageA(obj->m_hWnd, WM_HOST_LOAD, (WPARAM)mode, (LPARAM)text.c_str());
     else
@@ -171,13 +205,21 @@ bool LoadOneLine(DESIGN* design, const char* text, size_t length, int mode, cons
         Refuse(design, source, "Line of a refused object:", refused);
         return false;
     }
-    const DESIGNLINE line = SplitDesignLine(text, length);
+    DESIGNLINE line;
+    {
+        PHASETIMER timer(source, &LOADPHASES::readingLines);
+        line = SplitDesignLine(text, length);
+    }
     switch (line.kind) {
     case DESIGNLINE_EMPTY:
         return true;
     case DESIGNLINE_CONTROL:
+        if (source.phases)
+            source.phases->controlLines++;
         return CreateFromControlLine(design, line, source);
     case DESIGNLINE_OBJECT:
+        if (source.phases)
+            source.phases->objectLines++;
         return LoadObjectLine(design, line, mode, source);
     case DESIGNLINE_HOST:
         return design->SetVariable(line.keyword, line.value);
@@ -216,15 +258,30 @@ void SaveObject(HOSTINFO* obj, int pass, HANDLE file)
         obj->OnSave((WPARAM)pass, (LPARAM)file);
 }
 
+// The end of the line that starts at start (its "\n", or the text's end).
+size_t LineEnd(const std::string& content, size_t start)
+{
+    const size_t end = content.find('\n', start);
+    return end == std::string::npos ? content.size() : end;
+}
+
 }  // namespace
 
 BOOL a_LoadFile(HOSTINFO* root, LPCSTR path)
 {
     DESIGN* design = FindDesign(root);
+    if (!design)
+        return FALSE;
+    LOADPHASES phases = {};
+    const double started = HostMilliseconds();
     std::string content;
-    if (!design || !path || !ReadWholeFile(path, &content)) {
-        if (design)
-            EDITTRACE(design, "Cannot read the design file %s", path ? path : "");
+    bool read;
+    {
+        PHASETIMER timer(LINESOURCE{nullptr, 0, nullptr, nullptr, &phases}, &LOADPHASES::readingLines);
+        read = path && ReadWholeFile(path, &content);
+    }
+    if (!read) {
+        EDITTRACE(design, "Cannot read the design file %s", path ? path : "");
         return FALSE;
     }
     const char* name = strrchr(path, '\\');
@@ -234,28 +291,63 @@ BOOL a_LoadFile(HOSTINFO* root, LPCSTR path)
     // design's edits, and the edits made before stay marked.
     std::set<std::string> existing;
     std::map<HOSTINFO*, WORD> edited;
-    for (HOSTINFO* obj : design->objects) {
+    for (HOSTINFO* obj : design->objects.Items()) {
         existing.insert(obj->m_szName);
         edited[obj] = obj->m_wFlags & HOSTFLAG_EDITED;
     }
-    LINESOURCE source = {name, 0, &refusedNames, &existing};
+    LINESOURCE source = {name, 0, &refusedNames, &existing, &phases};
     size_t start = 0;
     while (start < content.size()) {
-        size_t end = content.find('\n', start);
-        if (end == std::string::npos)
-            end = content.size();
+        size_t end;
+        {
+            PHASETIMER timer(source, &LOADPHASES::readingLines);
+            end = LineEnd(content, start);
+        }
         source.number++;
         LoadOneLine(design, content.data() + start, end - start, REQMODE_DESIGNFILE, source);
         start = end + 1;
     }
     a_FinishLoading(design);
     if (!edited.empty()) {
-        for (HOSTINFO* obj : design->objects) {
+        for (HOSTINFO* obj : design->objects.Items()) {
             auto before = edited.find(obj);
             obj->m_wFlags |= before == edited.end() ? (WORD)HOSTFLAG_EDITED : before->second;
         }
     }
+    phases.lines = source.number;
+    phases.total = HostMilliseconds() - started;
+    phases.bookkeeping = phases.total - phases.readingLines - phases.creatingWindows - phases.handingLines;
+    design->lastLoad = phases;
     return TRUE;
+}
+
+BOOL a_GetLoadPhases(HOSTINFO* root, LOADPHASES* phases)
+{
+    DESIGN* design = FindDesign(root);
+    if (!design || !phases)
+        return FALSE;
+    *phases = design->lastLoad;
+    return TRUE;
+}
+
+int a_ReadDesignLines(LPCSTR path)
+{
+    std::string content;
+    if (!path || !ReadWholeFile(path, &content))
+        return -1;
+    int lines = 0;
+    size_t start = 0;
+    while (start < content.size()) {
+        const size_t end = LineEnd(content, start);
+        const DESIGNLINE line = SplitDesignLine(content.data() + start, end - start);
+        CONTROLSPEC spec;
+        std::string error;
+        if (line.kind == DESIGNLINE_CONTROL)
+            ParseControlSpec(line.value, &spec, &error);
+        lines++;
+        start = end + 1;
+    }
+    return lines;
 }
 
 BOOL a_LoadLine(HOSTINFO* root, LPCSTR line, int mode)
@@ -263,7 +355,7 @@ BOOL a_LoadLine(HOSTINFO* root, LPCSTR line, int mode)
     DESIGN* design = FindDesign(root);
     if (!design || !line)
         return FALSE;
-    return LoadOneLine(design, line, strlen(line), mode, LINESOURCE{nullptr, 0, nullptr, nullptr});
+    return LoadOneLine(design, line, strlen(line), mode, LINESOURCE{nullptr, 0, nullptr, nullptr, nullptr});
 }
 
 namespace {
@@ -284,7 +376,7 @@ BOOL WriteDesign(HOSTINFO* root, LPCSTR path, bool clearEdited)
     for (const auto& variable : design->SavedVariables())
         ok = WriteText(file, variable.first + "=" + variable.second + "\r\n") && ok;
     // Objects may reorder the list while saving (none should): iterate a copy.
-    const std::vector<HOSTINFO*> objects = design->objects;
+    const std::vector<HOSTINFO*> objects = design->objects.Items();
     for (int pass = 0; pass < 2; pass++)
         for (HOSTINFO* obj : objects)
             SaveObject(obj, pass, file);

@@ -13,7 +13,12 @@ struct CHashTable::ENTRY {
 
 namespace {
 
+// A new table starts small (every widget owner has one); a table grows
+// whenever it holds twice as many names as it has buckets, so a chain stays
+// short however many objects a design has.
 const int kBucketCount = 127;
+const int kLoadFactor = 2;
+const int kMostBuckets = 1 << 24;
 
 unsigned HashKey(LPCSTR key)
 {
@@ -21,6 +26,31 @@ unsigned HashKey(LPCSTR key)
     for (const unsigned char* p = (const unsigned char*)key; *p; p++)
         hash = hash * 33 + *p;
     return hash;
+}
+
+// Moves every entry to a bucket array of twice the size; keeps the old one
+// when there is no memory for the new. (The entry type is the table's own,
+// deduced here, so the table's declaration stays as the framework has it.)
+template <class ENTRY>
+void Grow(ENTRY*** buckets, int* bucketCount)
+{
+    if (*bucketCount >= kMostBuckets)
+        return;
+    const int count = *bucketCount * 2 + 1;
+    ENTRY** grown = (ENTRY**)calloc((size_t)count, sizeof(ENTRY*));
+    if (!grown)
+        return;
+    for (int i = 0; i < *bucketCount; i++) {
+        while (ENTRY* entry = (*buckets)[i]) {
+            (*buckets)[i] = entry->next;
+            ENTRY** bucket = &grown[HashKey(entry->key) % (unsigned)count];
+            entry->next = *bucket;
+            *bucket = entry;
+        }
+    }
+    free(*buckets);
+    *buckets = grown;
+    *bucketCount = count;
 }
 
 }  // namespace
@@ -59,6 +89,8 @@ BOOL CHashTable::Add(LPCSTR key, void* value)
     entry->next = *bucket;
     *bucket = entry;
     m_count++;
+    if (m_count > m_bucketCount * kLoadFactor)
+        Grow(&m_buckets, &m_bucketCount);
     return TRUE;
 }
 

@@ -1,6 +1,4 @@
 // The objects of a design: registration, look-up, walking, selection marks.
-#include <algorithm>
-
 #include "design.h"
 
 #include "../../base/text.h"
@@ -29,8 +27,7 @@ BOOL a_EnumHostinfo(HOSTINFOVISITOR visit, void* context)
     if (!visit)
         return FALSE;
     for (DESIGN* design : OpenDesigns()) {
-        const std::vector<HOSTINFO*> objects = design->objects;
-        for (HOSTINFO* obj : objects)
+        for (HOSTINFO* obj : design->objects.Items())
             if (!visit(obj, context))
                 return FALSE;
     }
@@ -63,19 +60,22 @@ BOOL a_AddHostinfo(HOSTINFO* host, HOSTINFO* obj)
     DESIGN* design = DesignOf(host);
     if (!design || !obj)
         return FALSE;
-    if (std::find(design->objects.begin(), design->objects.end(), obj) == design->objects.end()) {
-        design->objects.push_back(obj);
+    const double start = HostMilliseconds();
+    if (design->objects.Add(obj))
         obj->m_nConsoleNumber = ++design->objectsAdded;
-    }
     obj->m_wMode = design->mode;
+    design->registering += HostMilliseconds() - start;
     return TRUE;
 }
 
 void a_HostinfoCreated(HOSTINFO* root, HOSTINFO* obj)
 {
     DESIGN* design = FindDesign(root);
-    if (design && obj)
-        design->byName.Add(obj->m_szName, obj);
+    if (!design || !obj)
+        return;
+    const double start = HostMilliseconds();
+    design->byName.Add(obj->m_szName, obj);
+    design->registering += HostMilliseconds() - start;
 }
 
 void a_HostinfoDestroyed(HOSTINFO* root, HOSTINFO* obj)
@@ -99,12 +99,7 @@ BOOL a_RemoveHostinfo(HOSTINFO* host, HOSTINFO* obj)
     DESIGN* design = DesignOf(host);
     if (!design)
         return FALSE;
-    auto& objects = design->objects;
-    auto found = std::find(objects.begin(), objects.end(), obj);
-    if (found == objects.end())
-        return FALSE;
-    objects.erase(found);
-    return TRUE;
+    return design->objects.Remove(obj) ? TRUE : FALSE;
 }
 
 namespace {
@@ -173,7 +168,6 @@ BOOL a_SetDesignMode(HOSTINFO* root, WORD mode)
     if (!design)
         return FALSE;
     design->mode = mode;
-    for (HOSTINFO* obj : design->objects)
-        obj->m_wMode = mode;
+    design->objects.ForEach([mode](HOSTINFO* obj) { obj->m_wMode = mode; });
     return TRUE;
 }

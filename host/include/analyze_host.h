@@ -35,6 +35,23 @@ ANALYZE_API BOOL a_SetHostProjectVersion(HOSTINFO* root, LPCSTR version);
 // it answers FALSE. Returns FALSE when the walk was stopped.
 typedef BOOL (*HOSTINFOVISITOR)(HOSTINFO* obj, void* context);
 ANALYZE_API BOOL a_EnumHostinfo(HOSTINFOVISITOR visit, void* context);
+// Where the design's last a_LoadFile spent its time, in milliseconds, for
+// benchmarks. The phases add up to the whole load.
+struct LOADPHASES {
+    double readingLines;     // reading the file, splitting its lines, classifying and parsing each
+    double creatingWindows;  // the objects' windows, each plug-in making its object with its window
+    double handingLines;     // object lines handed to their objects (keyword lookup and handler)
+    double bookkeeping;      // the host's own: names looked up and registered, refused lines, finishing
+    double total;
+    int lines;
+    int controlLines;
+    int objectLines;
+};
+ANALYZE_API BOOL a_GetLoadPhases(HOSTINFO* root, LOADPHASES* phases);
+// Reads a design file and splits and classifies its lines as a_LoadFile
+// does, handing them to nobody: the least a load can take. The number of
+// lines, or -1 when the file cannot be read.
+ANALYZE_API int a_ReadDesignLines(LPCSTR path);
 // Host variables of the design ("projectversion"), served by the root's
 // OnMessage as text (at most HOSTTEXT_SIZE - 1 characters are copied).
 enum { HOSTTEXT_SIZE = 260 };

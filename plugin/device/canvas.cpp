@@ -84,14 +84,10 @@ LRESULT Canvas_Create(HWND hwnd, const CREATESTRUCTA* create)
     AttachWindowState(hwnd, c);
     SetWindowLongA(hwnd, GWL_STYLE, GetWindowLongA(hwnd, GWL_STYLE) | WS_CLIPSIBLINGS | WS_CLIPCHILDREN);
     a_HostinfoCreated(a_FindRootHostinfo(c), c);
-
-    TTTOOLINFOA tool = {};
-    tool.cbSize = sizeof tool;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tool.hwnd = hwnd;
-    tool.uId = (UINT_PTR)hwnd;
-    tool.lpszText = const_cast<char*>("");
-    SendMessageA(SharedTooltip(), TTM_ADDTOOLA, 0, (LPARAM)&tool);
+    // The canvas becomes a tool of the shared tooltip when the mouse first
+    // comes over it (Canvas_UpdateTooltip), not here: the tooltip keeps its
+    // tools in one array it copies whole for every tool added, which a design
+    // of thousands of consoles would pay for on every load.
 
     SetTimer(hwnd, TIMER_POLL, kPollPeriod, NULL);
     return 1;
@@ -126,6 +122,12 @@ void Canvas_Destroy(HWND hwnd, CONSOLEPROPERTIES* c)
         FormatText(position, sizeof position, "%s,%d", port, c->m_settings.address);
         controller->OnDisconnectSource(c->m_szName, position);
     }
+
+    TTTOOLINFOA tool = {};
+    tool.cbSize = sizeof tool;
+    tool.hwnd = hwnd;
+    tool.uId = (UINT_PTR)hwnd;
+    SendMessageA(SharedTooltip(), TTM_DELTOOLA, 0, (LPARAM)&tool);
 
     a_HostinfoDestroyed(a_FindRootHostinfo(c), c);
     a_CleanHostinfo(c);
@@ -222,6 +224,14 @@ void Canvas_UpdateTooltip(HWND hwnd, CONSOLEPROPERTIES* c)
     tool.lpszText = text;
     GetClientRect(hwnd, &tool.rect);
     HWND tooltip = SharedTooltip();
+    TTTOOLINFOA known = {};
+    known.cbSize = sizeof known;
+    known.hwnd = hwnd;
+    known.uId = (UINT_PTR)hwnd;
+    char current[sizeof text];  // what it holds: no more than this canvas ever gave it
+    known.lpszText = current;
+    if (!SendMessageA(tooltip, TTM_GETTOOLINFOA, 0, (LPARAM)&known))
+        SendMessageA(tooltip, TTM_ADDTOOLA, 0, (LPARAM)&tool);
     SendMessageA(tooltip, TTM_SETTOOLINFOA, 0, (LPARAM)&tool);
     SendMessageA(tooltip, TTM_UPDATETIPTEXTA, 0, (LPARAM)&tool);
     SendMessageA(tooltip, TTM_ACTIVATE, TRUE, 0);

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <string>
+
 #include "consolekeywords.h"
 #include "designlines.h"
 #include "keyundo.h"
@@ -19,10 +21,10 @@ namespace {
 const char kCanvasClass[] = "DOVRIXC";
 const size_t kLineSize = 4096;
 
-void WriteLine(HANDLE file, const char* line)
+void WriteText(HANDLE file, const char* text, size_t length)
 {
     DWORD written = 0;
-    WriteFile(file, line, (DWORD)strlen(line), &written, NULL);
+    WriteFile(file, text, (DWORD)length, &written, NULL);
 }
 
 }  // namespace
@@ -157,8 +159,8 @@ LRESULT CONSOLEPROPERTIES::SaveLines(WPARAM pass, LPARAM lParam)
         FormatText(line, sizeof line, "%scontrol=0x%08x %s \"%s\" 0x%08x %s\r\n", prefix,
                    (unsigned)GetWindowLongA(m_hWnd, GWL_EXSTYLE), className, local,
                    (unsigned)GetWindowLongA(m_hWnd, GWL_STYLE), rect);
-        WriteLine(file, line);
-
+        // The console's lines go to the file at once: one write, not one a line.
+        std::string lines = line;
         const KEYWORDTABLE& table = ConsoleKeywords();
         char value[kLineSize];
         for (size_t i = 0; i < table.Count(); i++) {
@@ -167,13 +169,14 @@ LRESULT CONSOLEPROPERTIES::SaveLines(WPARAM pass, LPARAM lParam)
                 continue;
             ReadForSave(entry, value, sizeof value);
             FormatText(line, sizeof line, "%s*%s=%s\r\n", m_szName, entry.keyword.c_str(), value);
-            WriteLine(file, line);
+            lines += line;
         }
+        WriteText(file, lines.data(), lines.size());
     } else if (pass == 1) {
         char connection[kLineSize];
         a_BuildString(&m_connections, connection, sizeof connection);
         FormatText(line, sizeof line, "%s*connection=%s\r\n", m_szName, connection);
-        WriteLine(file, line);
+        WriteText(file, line, strlen(line));
     }
     return 0;
 }

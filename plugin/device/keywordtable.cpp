@@ -24,10 +24,18 @@ void KEYWORDTABLE::Finish()
 
 uint16_t KEYWORDTABLE::Lookup(const char* keyword) const
 {
-    // The blank sentinel sorts first, so a match there answers 0 as well.
-    for (size_t i = 0; keyword && i < m_entries.size() && i <= UINT16_MAX; i++)
-        if (m_entries[i].keyword == keyword)
-            return (uint16_t)i;
+    // Binary search over the byte-wise order Finish gave; of equal keywords
+    // the first in the table answers. The blank sentinel sorts first, so a
+    // match there answers 0 as well.
+    if (keyword) {
+        const auto first = std::lower_bound(m_entries.begin(), m_entries.end(), keyword,
+                                            [](const KEYWORDENTRY& entry, const char* wanted) {
+                                                return strcmp(entry.keyword.c_str(), wanted) < 0;
+                                            });
+        const size_t index = (size_t)(first - m_entries.begin());
+        if (first != m_entries.end() && index <= UINT16_MAX && first->keyword == keyword)
+            return (uint16_t)index;
+    }
     Trace("Console Keyword not found: %s\n", keyword ? keyword : "");
     return 0;
 }

@@ -32,7 +32,8 @@ public:
     bool Add(const char* keyword, KEYWORDHANDLER handler, uint32_t parameter, uint32_t flags);
     // Sorts byte-wise; indexes are positions in the sorted table.
     void Finish();
-    // Linear scan, exact match; 0 (the blank sentinel's index) when unknown.
+    // Binary search of the finished table, exact match; 0 (the blank
+    // sentinel's index) when unknown.
     uint16_t Lookup(const char* keyword) const;
 
     size_t Count() const { return m_entries.size(); }

@@ -50,3 +50,20 @@ TEST(KeywordTable, LookupIsExactAndZeroMeansNotFound)
                                                "Console Keyword not found: FaultMask7\n"};
     EXPECT_EQ(TraceLines(), expected);
 }
+
+// A keyword added twice answers with its first entry, as a scan from the
+// start finds it; the order of adding decides between the two.
+TEST(KeywordTable, AKeywordAddedTwiceAnswersWithItsFirstEntry)
+{
+    KEYWORDTABLE table;
+    const char* const added[] = {" ", "b", "a", "b", "c", "b"};
+    for (uint32_t order = 0; order < 6; order++)
+        table.Add(added[order], Answer1, order, 0);
+    table.Finish();
+    const uint16_t index = table.Lookup("b");
+    ASSERT_EQ(index, 2);
+    EXPECT_EQ(table.Entry(index).keyword, "b");
+    EXPECT_EQ(table.Entry(index).parameter, 1u);  // the first "b" added
+    EXPECT_EQ(table.Entry(1).keyword, "a");
+    EXPECT_EQ(table.Lookup("c"), 5);
+}

@@ -2,6 +2,7 @@
 // file, the firmware package and the text helpers, each case written out.
 #include <gtest/gtest.h>
 
+#include <ctype.h>
 #include <stdio.h>
 #include <wchar.h>
 #include <string.h>
@@ -435,6 +436,54 @@ TEST(RuleTables, KeywordTableSortsAndFindsEveryKeyword)
     EXPECT_EQ(table.Lookup(""), 0);
     EXPECT_EQ(table.Lookup(nullptr), 0);
     EXPECT_EQ(table.Lookup("type"), 341);
+}
+
+namespace {
+
+// The lookup as it was first written: a scan from the start, exact match.
+uint16_t ScannedIndex(const KEYWORDTABLE& table, const char* keyword)
+{
+    for (size_t i = 0; keyword && i < table.Count() && i <= UINT16_MAX; i++)
+        if (table.Entry(i).keyword == keyword)
+            return (uint16_t)i;
+    return 0;
+}
+
+}  // namespace
+
+// The binary search answers as the scan did, for every keyword of the
+// console, for the names around each (one character more or less, another
+// case) and for names that sort before and after all of them.
+TEST(RuleTables, KeywordLookupAnswersAsTheScanDid)
+{
+    KEYWORDTABLE table;
+    for (const auto& k : SpecKeywords())
+        table.Add(k.first.c_str(), Answer, 0, k.second);
+    table.Finish();
+    std::vector<std::string> names = {"", " ", "  ", "!", "\x01", "\x7f", "\xff", "\xff\xff", "~", "zzz",
+                                      "FaultMask7", "faultmask1", "key128", "key", "keylabel", "Key000", "TYPE"};
+    for (size_t i = 0; i < table.Count(); i++) {
+        const std::string& keyword = table.Entry(i).keyword;
+        names.push_back(keyword);
+        names.push_back(keyword + "0");
+        names.push_back(keyword + " ");
+        names.push_back(keyword.substr(0, keyword.size() - 1));
+        std::string upper = keyword, lower = keyword;
+        for (char& c : upper)
+            c = (char)toupper((unsigned char)c);
+        for (char& c : lower)
+            c = (char)tolower((unsigned char)c);
+        names.push_back(upper);
+        names.push_back(lower);
+    }
+    size_t found = 0;
+    for (const std::string& name : names) {
+        const uint16_t scanned = ScannedIndex(table, name.c_str());
+        EXPECT_EQ(table.Lookup(name.c_str()), scanned) << "\"" << name << "\"";
+        found += scanned != 0;
+    }
+    EXPECT_GE(found, table.Count() - 1);  // every keyword but the blank
+    EXPECT_EQ(table.Lookup(nullptr), ScannedIndex(table, nullptr));
 }
 
 TEST(RuleTables, KeywordFamiliesNameTheirMembers)
