@@ -45,6 +45,10 @@ DRIVE*& Drive()
 // Inside the dialog's own message loop: the test's steps, then Cancel if it is still open.
 void CALLBACK RunSteps(HWND dialog, UINT, UINT_PTR id, DWORD)
 {
+    // The dialog's loop shows it once its queue first runs empty: until
+    // then the timer keeps coming back (hidden, an ended dialog looks alike).
+    if (!IsWindowVisible(dialog))
+        return;
     KillTimer(dialog, id);
     Drive()->steps(dialog);
     if (IsWindowVisible(dialog)) {
@@ -53,12 +57,14 @@ void CALLBACK RunSteps(HWND dialog, UINT, UINT_PTR id, DWORD)
     }
 }
 
+// The dialog is known by its caption when it is made, not when it is
+// activated: a dialog that is never activated would leave the test waiting.
 LRESULT CALLBACK FindDialog(int code, WPARAM wParam, LPARAM lParam)
 {
-    if (code == HCBT_ACTIVATE && Drive() && !Drive()->dialog) {
-        char title[64] = "";
-        GetWindowTextA((HWND)wParam, title, sizeof title);
-        if (strcmp(title, "Call Station Dialog") == 0) {
+    if (code == HCBT_CREATEWND && Drive() && !Drive()->dialog) {
+        const CBT_CREATEWNDA* created = reinterpret_cast<const CBT_CREATEWNDA*>(lParam);
+        const char* caption = created && created->lpcs ? created->lpcs->lpszName : nullptr;
+        if (caption && !IS_INTRESOURCE(caption) && strcmp(caption, "Call Station Dialog") == 0) {
             Drive()->dialog = (HWND)wParam;
             SetTimer((HWND)wParam, kStepsTimer, 1, RunSteps);
         }
