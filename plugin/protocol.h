@@ -41,6 +41,8 @@ enum CONFIGURATIONMESSAGE : UINT {
     CFM_SELECTBYNAME = WM_USER + 21,   // to the manager tree: lParam a console's name
     CFM_UNDO = WM_USER + 40,           // takes back the last key edit; answers 1 when there was one
     CFM_REDO = WM_USER + 41,           // does the last undone key edit again; answers 1 when there was one
+    CFM_FOLLOWDESIGN = WM_USER + 42,   // to the manager tree: shows the design's controllers and consoles
+                                       // as they are now, when they changed (added, renamed, reconnected)
 };
 
 // The device canvas.

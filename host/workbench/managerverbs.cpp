@@ -246,11 +246,12 @@ bool TreeSelectVerb(WORKBENCH*, const SCRIPTCOMMAND& command)
     return true;
 }
 
-// Presses the mouse on the console's item, moves it over the controller's and lets go.
+// Presses the mouse on the console's item, moves it over the controller's and
+// lets go: in the console's own configuration window, or in WINDOW's.
 bool MoveVerb(WORKBENCH*, const SCRIPTCOMMAND& command)
 {
     HWND view = NULL;
-    HWND tree = ManagerTree(command.object, &view);
+    HWND tree = ManagerTree(command.typed.empty() ? command.object : command.typed, &view);
     HTREEITEM item = tree ? FindItem(tree, command.object, 1) : NULL;
     HTREEITEM target = tree ? FindItem(tree, command.text, 0) : NULL;
     if (tree && (!item || !target)) {
@@ -283,7 +284,12 @@ bool MoveVerb(WORKBENCH*, const SCRIPTCOMMAND& command)
     SendMessageA(view, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
     if (GetCapture() == view)
         ReleaseCapture();
-    printf("move: %s dropped on %s\n", command.object.c_str(), command.text.c_str());
+    // Carried out, the console's item stands under the controller's now.
+    HTREEITEM moved = FindItem(tree, command.object, 1);
+    if (moved && Next(tree, moved, TVGN_PARENT) == FindItem(tree, command.text, 0))
+        printf("move: %s dropped on %s\n", command.object.c_str(), command.text.c_str());
+    else
+        printf("move: %s refused on %s\n", command.object.c_str(), command.text.c_str());
     return true;
 }
 

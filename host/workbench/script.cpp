@@ -58,6 +58,7 @@ const PLACEHOLDER kPlaceholders[] = {
     {"TYPE", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
     {"FIELD", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
     {"CONTROLLER", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
+    {"[WINDOW]", ARG_WORD, &SCRIPTCOMMAND::typed, nullptr, 0, 0},
     {"N|side|buttons", ARG_CHOICE, &SCRIPTCOMMAND::text, &SCRIPTCOMMAND::code, INT_MIN, INT_MAX},
     {"FUNCTION", ARG_WORD, &SCRIPTCOMMAND::text, nullptr, 0, 0},
     {"CONTROL", ARG_NUMBER, nullptr, &SCRIPTCOMMAND::code, 1, 0xFFFF},  // a dialog control's id

@@ -68,7 +68,8 @@ enum SCRIPTVERB {
 struct SCRIPTCOMMAND {
     SCRIPTVERB verb = SCRIPT_NOTHING;
     std::string object;   // get, online, fault, device, list, tooltip, menu, open, delete; shot: the target
-    std::string typed;    // edit, pick, dialog: the value typed; import: check, show or empty
+    std::string typed;    // edit, pick, dialog: the value typed; import: check, show or empty;
+                          // move: the window's console
     std::string text;     // set: the whole design line; get, edit: the keyword; save, screenshot: the
                           // file; device: the variable; rclick: the item; label: the text;
                           // extension: add or remove; page: N, side or buttons;

@@ -13,6 +13,7 @@
 #include "controldescriptor.h"
 #include "../device/consoleproperties.h"
 #include "../device/handlers.h"
+#include "../protocol.h"
 
 #include "../../base/text.h"
 #include "../../base/banned.h"
@@ -70,9 +71,27 @@ void CreateColumn(HWND hwnd, CONFIGURATIONSTATE* state)
     }
 }
 
+namespace {
+
+void ShowIf(HWND widget, bool show)
+{
+    if (widget)
+        ShowWindow(widget, show ? SW_SHOW : SW_HIDE);
+}
+
+}  // namespace
+
 void AdaptColumnToConsole(CONFIGURATIONSTATE* state)
 {
     CONSOLEPROPERTIES* c = state->console;
+    state->adaptedModel = c->m_model;
+    // Over the Supervision page the column stays hidden, whichever console comes.
+    const bool column = c->m_configurationTab != TAB_SUPERVISION;
+    // The boards have neither the find toggle nor the pilot tone, label included.
+    const bool board = c->m_model == MODEL_ELK_CSK || c->m_model == MODEL_ORN_CSK;
+    ShowIf(Widget(state, "Find"), column && !board);
+    ShowIf(Widget(state, "pilottone"), column && !board);
+    ShowIf(Widget(state, "pilottonelabel"), column && !board);
     HWND decadic = Widget(state, "decadeselect");
     HWND decadicLabel = Widget(state, "decadeSelectlabel");
     HWND slot = Widget(state, "slot");
@@ -90,20 +109,20 @@ void AdaptColumnToConsole(CONFIGURATIONSTATE* state)
         SendWidgetAttributes(slot, {"textcolor=0x00ccff", "backgroundcolor=0", "datatype=s", "function=slot"});
         SendWidgetAttributes(slotLabel, {"fmt=SLOT", "textcolor=0"});
         // One place, one pair: the slot stands where the connection would.
-        ShowWindow(connection, SW_HIDE);
-        ShowWindow(connectionLabel, SW_HIDE);
-        ShowWindow(slot, SW_SHOW);
-        ShowWindow(slotLabel, SW_SHOW);
+        ShowIf(connection, false);
+        ShowIf(connectionLabel, false);
+        ShowIf(slot, column);
+        ShowIf(slotLabel, column);
     } else {
         EnableWindow(decadic, TRUE);
         SendWidgetAttributes(decadic, {"caption=", "bitmap=.\\Controls\\_ZELButton.bmp", "function=DecadicSelectionActive"});
         SendWidgetAttributes(decadicLabel, {"fmt=NUMERIC KEYS", "textcolor=0"});
         SendWidgetAttributes(slot, {"textcolor=0xc8d0d4", "backgroundcolor=0xc8d0d4"});
         SendWidgetAttributes(slotLabel, {"fmt=", "textcolor=0xc8d0d4"});
-        ShowWindow(slot, SW_HIDE);
-        ShowWindow(slotLabel, SW_HIDE);
-        ShowWindow(connection, SW_SHOW);
-        ShowWindow(connectionLabel, SW_SHOW);
+        ShowIf(slot, false);
+        ShowIf(slotLabel, false);
+        ShowIf(connection, column);
+        ShowIf(connectionLabel, column);
     }
 }
 
@@ -137,9 +156,11 @@ void RefreshSelector(CONFIGURATIONSTATE* state)
     CONSOLECOUNT count = {c->m_szName, {}};
     if (root && root->GetHostinfoTable())
         root->GetHostinfoTable()->Enumerate(CountConsole, &count);
-    if ((int)count.names.size() == state->listedConsoles)
+    // Consoles added, removed or renamed while the window is open are listed as they are now.
+    if ((int)count.names.size() == state->listedConsoles && count.names == state->listedNames)
         return;
     state->listedConsoles = (int)count.names.size();
+    state->listedNames = count.names;
     SendMessageA(state->selector, CB_RESETCONTENT, 0, 0);
     for (const std::string& name : count.names)
         SendMessageA(state->selector, CB_ADDSTRING, 0, (LPARAM)name.c_str());
@@ -148,10 +169,6 @@ void RefreshSelector(CONFIGURATIONSTATE* state)
     SetWindowPos(state->selector, NULL, 787, 3, 122, SelectorDropHeight(state->listedConsoles),
                  SWP_NOZORDER | SWP_NOACTIVATE);
     SendMessageA(state->selector, CB_SELECTSTRING, (WPARAM)-1, (LPARAM)c->m_szName);
-    if (c->m_model == MODEL_ELK_CSK || c->m_model == MODEL_ORN_CSK) {
-        ShowWindow(Widget(state, "Find"), SW_HIDE);
-        ShowWindow(Widget(state, "pilottone"), SW_HIDE);
-    }
 }
 
 struct SHOWING {

@@ -188,6 +188,8 @@ void Reinitialize(HWND hwnd, CONFIGURATIONSTATE* state, CONSOLEPROPERTIES* conso
             state->console->m_hConfiguration = NULL;
         state->console->m_configurationOpen = false;
         StopUndo(state);
+        // The window stays on the tab it shows; the console chosen is shown there.
+        console->m_configurationTab = state->console->m_configurationTab;
         state->console = console;
         console->m_hConfiguration = hwnd;
         console->m_configurationOpen = true;
@@ -227,6 +229,8 @@ void Tick(HWND hwnd, CONFIGURATIONSTATE* state)
                      (LPARAM)(online ? state->online.Get() : state->offline.Get()));
     }
     TimePageWidgets(state->widgets.get());
+    if (state->console->m_model != state->adaptedModel)  // a type changed while open
+        AdaptColumnToConsole(state);
     if (state->diagnostics) {
         SendMessageA(state->diagnostics, WM_TIMER, TIMER_POLL, 0);
         if (GetTickCount() - state->lampStamp > kLampPeriod) {
@@ -235,6 +239,7 @@ void Tick(HWND hwnd, CONFIGURATIONSTATE* state)
         }
     }
     RefreshSelector(state);
+    SendMessageA(state->managerView, CFM_FOLLOWDESIGN, 0, 0);
 }
 
 // ---- Messages -------------------------------------------------------------------------

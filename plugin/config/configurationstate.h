@@ -4,6 +4,8 @@
 #include <windows.h>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "pageowners.h"
 #include "../../base/gdi.h"
@@ -30,7 +32,9 @@ struct CONFIGURATIONSTATE {
     int shownOnline = -1;        // what the indicator shows
     int fireMonitoringEnabled = -1;
     int emergencyKeysEnabled = -1;
+    int adaptedModel = -1;       // the device type the column was last adapted to
     int listedConsoles = -1;     // the selector's count at the last tick
+    std::vector<std::string> listedNames;  // and the names it lists
     DWORD lampStamp = 0;         // when the Supervision page last had its lamps refreshed
     bool rebuildNoted = false;
     HWND keyPage = NULL;         // the key-function editor panel

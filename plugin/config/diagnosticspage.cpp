@@ -42,6 +42,7 @@ struct DIAGNOSTICSSTATE {
     HWND test = NULL;
     int shown[SUPERVISION_ROWS + 1];  // the lamp each static shows, combined last
     int clearEnabled = -1;
+    int labelledModel = -1;  // the device type the texts were last set for
     Brush page{CreateSolidBrush(kPageColour)};
     Brush band{CreateSolidBrush(kBandColour)};
 };
@@ -153,12 +154,13 @@ void ApplyRowEnabling(HWND dialog, DIAGNOSTICSSTATE* state)
         EnableWindow(toggle, exists);
 }
 
-void ApplyTexts(HWND dialog, DIAGNOSTICSSTATE* state, bool relabel)
+// The texts of the console's type, whenever the page shows it: opened on
+// this page, chosen in the selector or retyped while open.
+void ApplyTexts(HWND dialog, DIAGNOSTICSSTATE* state)
 {
+    state->labelledModel = state->console->m_model;
     const SUPERVISIONTEXTS texts = SupervisionTexts(state->console->m_model);
     SetDlgItemTextA(dialog, IDC_DIAG_ALARMLABEL, texts.alarmButton);
-    if (!relabel)
-        return;
     SetDlgItemTextA(dialog, IDC_DIAG_MONITORINGHEADER, texts.monitoringHeader);
     SetDlgItemTextA(dialog, IDC_DIAG_NOTIFICATIONHEADER, texts.notificationHeader);
     SetDlgItemTextA(dialog, IDC_DIAG_INPUTLABEL, texts.inputNumber);
@@ -184,7 +186,7 @@ INT_PTR Diagnostics_Init(HWND dialog, CONSOLEPROPERTIES* console)
     BindPage(state->widgets.get(), console->m_szName);
     RefreshLampsNow(state);
     ApplyRowEnabling(dialog, state);
-    ApplyTexts(dialog, state, false);
+    ApplyTexts(dialog, state);
     return TRUE;
 }
 
@@ -194,15 +196,19 @@ void Diagnostics_Reinitialize(HWND dialog, DIAGNOSTICSSTATE* state, CONSOLEPROPE
         state->console = console;
     ApplyRowEnabling(dialog, state);
     BindPage(state->widgets.get(), state->console->m_szName);
-    ApplyTexts(dialog, state, true);
+    ApplyTexts(dialog, state);
     for (int& shown : state->shown)
         shown = kLampNotSet;
     RefreshLampsNow(state);
     InvalidateRect(dialog, NULL, TRUE);
 }
 
-void Diagnostics_Tick(DIAGNOSTICSSTATE* state)
+void Diagnostics_Tick(HWND dialog, DIAGNOSTICSSTATE* state)
 {
+    if (state->console->m_model != state->labelledModel) {
+        ApplyRowEnabling(dialog, state);
+        ApplyTexts(dialog, state);
+    }
     TimePageWidgets(state->widgets.get());
     RefreshLampsNow(state);
 }
@@ -272,7 +278,7 @@ INT_PTR Diagnostics_Dispatch(HWND dialog, UINT message, WPARAM wParam, LPARAM lP
         return FALSE;
     switch (message) {
     case WM_TIMER:
-        Diagnostics_Tick(state);
+        Diagnostics_Tick(dialog, state);
         return TRUE;
     case CFM_REFRESHLAMPS:
         RefreshLampsNow(state);

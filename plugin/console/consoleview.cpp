@@ -205,6 +205,13 @@ int ConsoleType(const CONSOLEVIEW* view)
     return FaceType(*view->kind, view->console->m_model);
 }
 
+// A board shown as a front (the control panel) keeps its own extension
+// strips: picture 102 with keys 107, not the 15-key front's 202 and 197.
+int StripType(const CONSOLEVIEW* view)
+{
+    return view->console->m_model;
+}
+
 CONSOLEKEY* FindViewKey(CONSOLEVIEW* view, int id)
 {
     for (CONSOLEKEY& key : view->keys)

@@ -217,6 +217,11 @@ int ExtensionPicture(int type)
     }
 }
 
+int ExtensionKeyImage(int type)
+{
+    return KeyStrip(type);
+}
+
 std::vector<CONSOLEKEY> ExtensionKeys(int type, int slot, int position)
 {
     std::vector<CONSOLEKEY> keys;

@@ -88,6 +88,8 @@ std::vector<CONSOLEKEY> ExtensionKeys(int type, int slot, int position);
 // Where an extension strip's picture stands.
 void ExtensionStripOrigin(int type, int position, int* x, int* y);
 int ExtensionPicture(int type);
+// The key image of an extension's keys: 197 on the 15-key fronts (types 4 and 5), else 107.
+int ExtensionKeyImage(int type);
 std::vector<CONSOLELED> ConsoleLeds(int type);
 std::vector<CONSOLEKEYLABEL> ConsoleKeyLabels(int type);
 // An extension key has one green LED left of it and a label box under it,

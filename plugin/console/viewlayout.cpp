@@ -79,7 +79,10 @@ void AddConsoleFace(CONSOLEVIEW* view)
 void AddStrip(CONSOLEVIEW* view, int slot, int position)
 {
     const int type = ConsoleType(view);
-    AddKeys(view, ExtensionKeys(type, slot, position));
+    std::vector<CONSOLEKEY> keys = ExtensionKeys(type, slot, position);
+    for (CONSOLEKEY& key : keys)
+        key.image = ExtensionKeyImage(StripType(view));
+    AddKeys(view, keys);
     AddLeds(view, ExtensionLeds(type, slot, position));
     if (view->kind->designs)
         AddLabels(view, ExtensionKeyLabels(type, slot, position));

@@ -196,7 +196,7 @@ void DrawView(HWND hwnd, CONSOLEVIEW* view, HDC hdc)
     for (int position = 0; position < view->stripCount; position++) {
         int x = 0, y = 0;
         ExtensionStripOrigin(type, position, &x, &y);
-        DrawPicture(surface, ExtensionPicture(type), x + view->keyOffsetX + dx, y);
+        DrawPicture(surface, ExtensionPicture(StripType(view)), x + view->keyOffsetX + dx, y);
     }
     {
         Graphics graphics(surface);

@@ -57,6 +57,8 @@ typedef CONSOLEVIEW CONTROLPANEL;
 
 // The type whose face the window shows (the console's own in the view).
 int ConsoleType(const CONSOLEVIEW* view);
+// The type whose extension strips and keys the window paints.
+int StripType(const CONSOLEVIEW* view);
 CONSOLEKEY* FindViewKey(CONSOLEVIEW* view, int id);
 
 // viewinput.cpp: the mouse, the tooltip, scrolling and the blink timer, the

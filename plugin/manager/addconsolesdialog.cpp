@@ -165,6 +165,15 @@ bool WriteAll(FILE* file, const std::string& text)
     return fwrite(text.data(), 1, text.size(), file) == text.size() && fflush(file) == 0;
 }
 
+// The design text of new consoles lives only while the host loads it.
+void RemoveNewDesign()
+{
+    char path[MAX_PATH + 16] = "";
+    a_MakeFullPathName(kNewDesign, path, sizeof path);
+    if (path[0])
+        DeleteFileA(path);
+}
+
 void EndAddConsoles(HWND dialog, INT_PTR result)
 {
     KillTimer(dialog, TIMER_POLL);
@@ -206,6 +215,7 @@ void Generate(HWND dialog, ADDCONSOLES* state, int count, int start)
         Warn(dialog, "Too many consoles selected!", "Attention!");
         SetDlgItemInt(dialog, IDC_CALLSTATION_COUNT, (UINT)(17 - start), FALSE);
         fclose(file);
+        DeleteFileA(path);
         return;
     }
     batch.count = count;
@@ -278,6 +288,7 @@ INT_PTR AddConsoles_Dispatch(HWND dialog, UINT message, WPARAM wParam, LPARAM lP
         }
     case WM_DESTROY:
         KillTimer(dialog, TIMER_POLL);
+        RemoveNewDesign();  // however the dialog closes, the file it writes goes with it
         FreeDialogState<ADDCONSOLES>(dialog);
         return TRUE;
     default:

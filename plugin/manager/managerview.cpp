@@ -2,7 +2,9 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "consoletargets.h"
@@ -126,6 +128,52 @@ void Fill(MANAGERVIEW* view, HOSTINFO* root)
     }
 }
 
+// What a controller's item holds: the controller and its consoles with their
+// texts, the consoles in the order of their objects (the tree keeps the
+// order a drop gave them, the design sorts by address).
+struct SHOWNCONTROLLER {
+    HOSTINFO* controller = nullptr;
+    std::vector<std::pair<HOSTINFO*, std::string>> consoles;
+    bool operator==(const SHOWNCONTROLLER& other) const
+    {
+        return controller == other.controller && consoles == other.consoles;
+    }
+};
+
+std::vector<SHOWNCONTROLLER> DesignAsShown(HOSTINFO* root)
+{
+    std::vector<SHOWNCONTROLLER> shown;
+    for (HOSTINFO* controller : FindControllers(root)) {
+        SHOWNCONTROLLER item;
+        item.controller = controller;
+        const std::string connection = std::string(controller->m_szName) + "." + kConsoleModuleName;
+        for (HOSTINFO* console : ConsolesOf(root, connection))
+            item.consoles.emplace_back(console, FriendlyName(console));
+        std::sort(item.consoles.begin(), item.consoles.end());
+        shown.push_back(item);
+    }
+    return shown;
+}
+
+std::vector<SHOWNCONTROLLER> TreeAsShown(HWND tree)
+{
+    std::vector<SHOWNCONTROLLER> shown;
+    for (HTREEITEM controller = FirstController(tree); controller; controller = Next(tree, controller, TVGN_NEXT)) {
+        SHOWNCONTROLLER item;
+        item.controller = ObjectOf(tree, controller);
+        for (HTREEITEM position = Next(tree, controller, TVGN_CHILD); position;
+             position = Next(tree, position, TVGN_NEXT)) {
+            char text[ITEMTEXT_SIZE];
+            HOSTINFO* object = nullptr;
+            if (ReadItem(tree, position, text, sizeof text, &object) && object)
+                item.consoles.emplace_back(object, text);
+        }
+        std::sort(item.consoles.begin(), item.consoles.end());
+        shown.push_back(item);
+    }
+    return shown;
+}
+
 // Depth first: an item, its children, then its next sibling.
 HTREEITEM FindObjectItem(HWND tree, HTREEITEM item, const HOSTINFO* object)
 {
@@ -136,6 +184,38 @@ HTREEITEM FindObjectItem(HWND tree, HTREEITEM item, const HOSTINFO* object)
             return found;
     }
     return NULL;
+}
+
+// The tree filled anew from the design, the shown console selected.
+void Refill(MANAGERVIEW* view)
+{
+    HWND tree = view->tree;
+    view->filling = true;
+    SendMessageA(tree, WM_SETREDRAW, FALSE, 0);
+    SendMessageA(tree, TVM_DELETEITEM, 0, (LPARAM)TVI_ROOT);
+    Fill(view, a_FindRootHostinfo(view->current));
+    SendMessageA(tree, WM_SETREDRAW, TRUE, 0);
+    if (HTREEITEM item = FindObjectItem(tree, FirstController(tree), view->current)) {
+        Select(view, item);
+        // The tree opens at its top when the item can be seen from there.
+        SendMessageA(tree, TVM_SELECTITEM, TVGN_FIRSTVISIBLE, (LPARAM)FirstController(tree));
+        SendMessageA(tree, TVM_ENSUREVISIBLE, 0, (LPARAM)item);
+        ScrollToLeftEdge(tree);
+    }
+    InvalidateRect(tree, NULL, TRUE);
+    view->filling = false;
+}
+
+// Consoles and controllers added, renamed or reconnected while the window is
+// open: the tree is filled anew only when what it shows differs from the
+// design, and never in the middle of a drag.
+void FollowDesign(HWND hwnd, MANAGERVIEW* view)
+{
+    if (GetCapture() == hwnd)
+        return;
+    if (TreeAsShown(view->tree) == DesignAsShown(a_FindRootHostinfo(view->current)))
+        return;
+    Refill(view);
 }
 
 LRESULT ManagerView_Create(HWND hwnd, const CREATESTRUCTA* create)
@@ -154,23 +234,16 @@ LRESULT ManagerView_Create(HWND hwnd, const CREATESTRUCTA* create)
     MANAGERVIEW* view = AttachWindowState(hwnd, new MANAGERVIEW);
     view->current = current;
     view->tree = tree;
-    view->filling = true;
-    Fill(view, a_FindRootHostinfo(current));
-    if (HTREEITEM item = FindObjectItem(tree, FirstController(tree), current)) {
-        Select(view, item);
-        // The tree opens at its top when the item can be seen from there.
-        SendMessageA(tree, TVM_SELECTITEM, TVGN_FIRSTVISIBLE, (LPARAM)FirstController(tree));
-        SendMessageA(tree, TVM_ENSUREVISIBLE, 0, (LPARAM)item);
-        ScrollToLeftEdge(tree);
-    }
-    view->filling = false;
+    Refill(view);
     return 0;
 }
 
 // ---- Selection ----------------------------------------------------------------------------
 
-LRESULT SelectionChanging(const NMTREEVIEWA* change)
+LRESULT SelectionChanging(const MANAGERVIEW* view, const NMTREEVIEWA* change)
 {
+    if (view->filling)
+        return 0;
     HOSTINFO* object = reinterpret_cast<HOSTINFO*>(change->itemNew.lParam);
     return object && a_IsClass(object, "DOVRIXC") ? 0 : 1;
 }
@@ -206,7 +279,7 @@ void BeginDrag(HWND hwnd, MANAGERVIEW* view, const NMTREEVIEWA* drag)
 }
 
 // A controller other than the dragged console's, with a position that reads "empty".
-HTREEITEM DropTarget(MANAGERVIEW* view, POINT at)
+HTREEITEM ControllerUnder(MANAGERVIEW* view, POINT at)
 {
     TVHITTESTINFO hit = {};
     hit.pt = at;
@@ -224,6 +297,63 @@ HTREEITEM DropTarget(MANAGERVIEW* view, POINT at)
         if (strcmp(text, kEmpty) == 0)
             return item;
     }
+    return NULL;
+}
+
+// Whether the controller has a free CAN address from the console's own up to
+// 16, the addresses the connection handler tries: a drop it cannot carry out
+// whole is refused before anything is let go. A controller that does not
+// say is tried; a failed connection is then taken back.
+bool TakesAddressFrom(HOSTINFO* controller, int address)
+{
+    uint32_t freeAddresses = 0;
+    if (!controller || !ReadFreeAddresses(controller, &freeAddresses))
+        return true;
+    for (int at = address; at <= 16; at++)
+        if (at >= 0 && ((freeAddresses >> at) & 1u))
+            return true;
+    return false;
+}
+
+// Why the dragged console cannot go to the target: empty when it can.
+std::string RefusalOf(MANAGERVIEW* view, HTREEITEM target)
+{
+    HOSTINFO* dragged = ObjectOf(view->tree, view->dragged);
+    CONSOLEPROPERTIES* console = view->current;
+    HOSTINFO* controller = ObjectOf(view->tree, target);
+    const std::string name = dragged ? dragged->m_szName : "";
+    const std::string there = controller ? controller->m_szName : "";
+    char line[2 * HOSTNAME_SIZE + 160];
+    if (dragged != console) {
+        FormatText(line, sizeof line,
+                   "%s not moved to %s: only the console this window shows (%s) is moved from its tree",
+                   name.c_str(), there.c_str(), console->m_szName);
+        return line;
+    }
+    const int address = console->m_settings.address;
+    if (!TakesAddressFrom(controller, address)) {
+        if (address >= 16)
+            FormatText(line, sizeof line, "%s not moved to %s: CAN address %d is not free there", name.c_str(),
+                       there.c_str(), address);
+        else
+            FormatText(line, sizeof line, "%s not moved to %s: no CAN address from %d to 16 is free there",
+                       name.c_str(), there.c_str(), address);
+        return line;
+    }
+    return std::string();
+}
+
+// A controller the dragged console can be moved to whole, or null.
+HTREEITEM DropTarget(MANAGERVIEW* view, POINT at, std::string* refusal = nullptr)
+{
+    HTREEITEM target = ControllerUnder(view, at);
+    if (!target)
+        return NULL;
+    const std::string why = RefusalOf(view, target);
+    if (why.empty())
+        return target;
+    if (refusal)
+        *refusal = why;
     return NULL;
 }
 
@@ -269,9 +399,12 @@ bool ConnectedTo(const HOSTINFO* console, const std::string& connection)
 
 void FinishDrop(MANAGERVIEW* view, POINT at)
 {
-    HTREEITEM target = DropTarget(view, at);
+    std::string refusal;
+    HTREEITEM target = DropTarget(view, at, &refusal);
     if (!target) {
         ShowCursorResource(IDR_CURSOR_NODROP);
+        if (!refusal.empty())
+            EDITTRACE(view->current, "%s", refusal.c_str());
         return;
     }
     ShowCursorResource(IDR_CURSOR_DROP);
@@ -285,11 +418,24 @@ void FinishDrop(MANAGERVIEW* view, POINT at)
         !a_FindHostinfo(drop.controller.c_str()))
         return;
     const std::string connection = drop.controller + drop.port;
+    const STRINGITEM* first = console->m_connections.first;
+    const std::string previous = first && first->text ? first->text : "";
     const std::string line = "connection=" + connection;
     console->OnLoad(REQMODE_EDIT, (LPARAM)line.c_str());
-    // A console the controller did not take stays where the tree shows it.
-    if (ConnectedTo(console, connection) && view->dragged)
-        MoveDragged(view, target);
+    if (ConnectedTo(console, connection)) {
+        if (view->dragged)
+            MoveDragged(view, target);
+        return;
+    }
+    // A console the controller did not take goes back where it was, and
+    // stays where the tree shows it.
+    ShowCursorResource(IDR_CURSOR_NODROP);
+    if (!previous.empty()) {
+        const std::string back = "connection=" + previous;
+        console->OnLoad(REQMODE_EDIT, (LPARAM)back.c_str());
+    }
+    EDITTRACE(console, "%s not moved to %s: the controller did not take it", console->m_szName,
+              drop.controller.c_str());
 }
 
 void ManagerView_MouseMove(HWND hwnd, MANAGERVIEW* view, LPARAM lParam)
@@ -349,7 +495,7 @@ LRESULT ManagerView_Notify(HWND hwnd, MANAGERVIEW* view, const NMHDR* header)
         return 0;
     case TVN_SELCHANGINGA:
     case TVN_SELCHANGINGW:
-        return SelectionChanging(change);
+        return SelectionChanging(view, change);
     case TVN_SELCHANGEDA:
     case TVN_SELCHANGEDW:
         SelectionChanged(hwnd, view, change);
@@ -385,6 +531,9 @@ LRESULT ManagerView_Dispatch(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPar
         return 0;
     case CFM_SELECTBYNAME:
         SelectByName(view, reinterpret_cast<const char*>(lParam));
+        return 0;
+    case CFM_FOLLOWDESIGN:
+        FollowDesign(hwnd, view);
         return 0;
     case WM_DESTROY:
         KillTimer(hwnd, TIMER_POLL);  // the view sets none; one set on it goes with it

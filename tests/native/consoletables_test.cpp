@@ -291,6 +291,7 @@ TEST(ConsoleTables, ExtensionStripsOfEverySlotAndPosition)
         const int top = type == 3 ? 32 : 0, bottom = type == 3 ? 20 : 0;
         const int strip = type == 4 || type == 5 ? 197 : 107;
         EXPECT_EQ(ExtensionPicture(type), type == 4 ? 202 : type == 5 ? 201 : 102);
+        EXPECT_EQ(ExtensionKeyImage(type), strip);
         for (int slot = 0; slot < 5; slot++)
             for (int position = 0; position < 5; position++) {
                 SCOPED_TRACE(testing::Message() << type << "/" << slot << "/" << position);

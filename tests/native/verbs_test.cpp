@@ -124,7 +124,7 @@ TEST(Verbs, EveryVerbParsesFromItsOwnPattern)
         {"on|off", "on"}, {"add|remove", "add"}, {"N|side|buttons", "side"},
         {"configuration|supervision", "supervision"}, {"CONSOLE", "ORNCST_2"},
         {"FUNCTION", "EVAC"}, {"CONTROL", "1014"}, {"[KEY]", "5"}, {"[N|side|buttons]", "buttons"},
-        {"TYPE", "ORN-15CST"}, {"FIELD", "count"}, {"CONTROLLER", "ELKCON_1"},
+        {"TYPE", "ORN-15CST"}, {"FIELD", "count"}, {"CONTROLLER", "ELKCON_1"}, {"[WINDOW]", "ORNCST_3"},
         {"OBJ*KEYWORD=VALUE", "ORNCST_1*name=Desk"}, {"VARIABLE=VALUE", "Faults3=1"}, {"KEYNAME", "ctrl+c"},
         {"KEYS", "5 6 7"}, {"PLAN", "plan.csv"}, {"[check|show]", "check"}};
     for (const SCRIPTVERBROW& row : ScriptVerbs()) {

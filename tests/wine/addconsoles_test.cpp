@@ -1,6 +1,8 @@
 // The add-consoles dialog through fnCallback code 1, driven as a user drives it.
 #include <gtest/gtest.h>
 
+#include <stdio.h>
+
 #include <functional>
 #include <string>
 #include <vector>
@@ -267,7 +269,7 @@ TEST(AddConsoles, TooManyConsolesLeavesWhatTheAddressesAllow)
         Press(dialog, IDOK);
         EXPECT_TRUE(IsWindowVisible(dialog));
         EXPECT_EQ(Text(dialog, IDC_CALLSTATION_COUNT), "7");
-        EXPECT_TRUE(Exists(NewDesignPath()));  // closed, not deleted
+        EXPECT_FALSE(Exists(NewDesignPath()));  // nothing is left for the host to load
         Press(dialog, IDOK);
     });
     EXPECT_EQ(result, IDOK);
@@ -277,6 +279,32 @@ TEST(AddConsoles, TooManyConsolesLeavesWhatTheAddressesAllow)
     for (int address = 10; address <= 16; address++)
         EXPECT_NE(design.Object(("ORNCST_" + std::to_string(address)).c_str()), nullptr) << address;
     EXPECT_FALSE(Exists(NewDesignPath()));
+}
+
+// The file of new consoles never outlives the dialog: not after "Too many
+// consoles selected!" and Cancel, nor one a crashed run left behind.
+TEST(AddConsoles, TheNewDesignFileGoesWheneverTheDialogCloses)
+{
+    TESTDESIGN design;
+    design.Load({kOrnController});
+    {
+        MESSAGEBOXCATCHER catcher;
+        const INT_PTR result = RunDialog(design, "ORN-15CST", [&](HWND dialog) {
+            Set(dialog, IDC_CALLSTATION_COUNT, "12");
+            Set(dialog, IDC_CALLSTATION_START, "10");
+            Press(dialog, IDOK);
+            Press(dialog, IDCANCEL);
+        });
+        EXPECT_EQ(result, IDCANCEL);
+        EXPECT_EQ(catcher.Texts(), std::vector<std::string>{"Too many consoles selected!"});
+    }
+    EXPECT_FALSE(Exists(NewDesignPath()));
+    FILE* stale = fopen(NewDesignPath().c_str(), "wb");
+    ASSERT_NE(stale, nullptr);
+    fclose(stale);
+    EXPECT_EQ(RunDialog(design, "ORN-15CST", [&](HWND dialog) { Press(dialog, IDCANCEL); }), IDCANCEL);
+    EXPECT_FALSE(Exists(NewDesignPath()));
+    EXPECT_EQ(design.Object("ORNCST_1"), nullptr);
 }
 
 TEST(AddConsoles, AFullControllerOffersNoneAndNoOk)

@@ -33,6 +33,13 @@ HWND NamedChild(HWND parent, const char* name)
     return NULL;
 }
 
+std::string Title(HWND window)
+{
+    char title[256] = "";
+    GetWindowTextA(window, title, sizeof title);
+    return title;
+}
+
 std::string WidgetText(HWND widget)
 {
     char text[256] = "";
@@ -398,5 +405,248 @@ TEST(Configuration, TicksThatFindNothingChangedRepaintNothing)
         EXPECT_TRUE(invalid.empty()) << (online ? "online: " : "offline: ") << invalid.size() << " children to repaint, "
                                      << (invalid.empty() ? "" : invalid.front());
     }
+    DestroyWindow(window);
+}
+
+namespace {
+
+void ChooseInSelector(HWND window, const char* console)
+{
+    HWND selector = GetDlgItem(window, IDC_CONSOLESELECTOR);
+    SendMessageA(selector, CB_SETCURSEL, SendMessageA(selector, CB_FINDSTRINGEXACT, (WPARAM)-1, (LPARAM)console), 0);
+    SendMessageA(window, WM_COMMAND, MAKEWPARAM(IDC_CONSOLESELECTOR, CBN_SELCHANGE), (LPARAM)selector);
+}
+
+void ShowConfigurationTab(HWND window)
+{
+    HWND tabs = GetDlgItem(window, IDC_TABSTRIP);
+    TabCtrl_SetCurSel(tabs, TAB_CONFIGURATION);
+    NMHDR change = {tabs, IDC_TABSTRIP, TCN_SELCHANGE};
+    SendMessageA(window, WM_NOTIFY, IDC_TABSTRIP, (LPARAM)&change);
+}
+
+}  // namespace
+
+// Another console chosen while Supervision shows: the page stays alone, no
+// CONNECTION or SLOT pair and no console view over it; back on the first
+// tab the chosen console's pair shows.
+TEST(Configuration, ChoosingAConsoleOnSupervisionLeavesThePageAlone)
+{
+    TESTDESIGN design;
+    design.Load({ConsoleLine("ORNCST_1"), ConsoleLine("ORNCST_2"), ConsoleLine("ORNCST_ZEL3"), "ORNCST_ZEL3*type=ZEL4010"});
+    HWND window = Open(design, "ORNCST_1", "DOVRIXZELCONFIGURATIONDIALOG");
+    ASSERT_NE(window, nullptr);
+    Tick(window);
+    HWND page = SupervisionPage(window);
+    ASSERT_NE(page, nullptr);
+    for (const char* chosen : {"ORNCST_2", "ORNCST_ZEL3", "ORNCST_1"}) {
+        ChooseInSelector(window, chosen);
+        ASSERT_EQ(Title(window), std::string(chosen) + " - Configuration");
+        for (const char* widget : {"connection", "connectionlabel", "slot", "slotlabel", "name", "Find"})
+            EXPECT_FALSE(IsWindowVisible(NamedChild(window, widget))) << chosen << ": " << widget;
+        EXPECT_FALSE(IsWindowVisible(GetDlgItem(window, IDC_CONSOLEVIEW))) << chosen;
+        EXPECT_TRUE(IsWindowVisible(page)) << chosen;
+        EXPECT_EQ(TabCtrl_GetCurSel(GetDlgItem(window, IDC_TABSTRIP)), TAB_SUPERVISION);
+    }
+    ChooseInSelector(window, "ORNCST_ZEL3");
+    ShowConfigurationTab(window);
+    EXPECT_TRUE(IsWindowVisible(NamedChild(window, "slot")));
+    EXPECT_FALSE(IsWindowVisible(NamedChild(window, "connection")));
+    EXPECT_TRUE(IsWindowVisible(GetDlgItem(window, IDC_CONSOLEVIEW)));
+    DestroyWindow(window);
+}
+
+// A type-0 console's page reads the type-0 texts however it comes to show:
+// reopened directly on Supervision, or its type changed while it shows.
+TEST(Configuration, TypeZeroTextsWheneverItsPageShows)
+{
+    TESTDESIGN design;
+    design.Load({ConsoleLine("ORNCST_1"), "ORNCST_1*type=ZEL4010"});
+    HWND window = Open(design, "ORNCST_1", "DOVRIXZELCONFIGURATIONDIALOG");
+    ASSERT_NE(window, nullptr);
+    ASSERT_NE(SupervisionPage(window), nullptr);
+    SendMessageA(window, WM_CLOSE, 0, 0);
+    window = Open(design, "ORNCST_1", "DOVRIXZELCONFIGURATIONDIALOG");  // reopens on Supervision
+    ASSERT_NE(window, nullptr);
+    HWND page = FindWindowExA(window, NULL, "#32770", NULL);
+    ASSERT_NE(page, nullptr);
+    ASSERT_TRUE(IsWindowVisible(page));
+    EXPECT_EQ(ItemText(page, 1028), "ERROR DETECTION");
+    EXPECT_EQ(ItemText(page, 1043), "DETECT");
+    EXPECT_EQ(ItemText(page, 40008), "SLOT POSITION");
+    EXPECT_EQ(ItemText(page, 40009), " COLLECTED ERROR STATE: ZEL DEVICE");
+    design.Edit("ORNCST_1*type=ZEL4020");
+    Tick(window);
+    EXPECT_EQ(ItemText(page, 1028), "FAULT MONITORING");
+    EXPECT_EQ(ItemText(page, 40009), "COMBINED FAULT STATE");
+    design.Edit("ORNCST_1*type=ZEL4010");
+    Tick(window);
+    EXPECT_EQ(ItemText(page, 1028), "ERROR DETECTION");
+    DestroyWindow(window);
+}
+
+// The boards have no find toggle and no pilot tone: neither widget, nor the
+// "PILOT TONE" label alone, shows on opening or after a visit to Supervision.
+TEST(Configuration, BoardsShowNoFindAndNoPilotTone)
+{
+    for (const char* type : {"ELK-CSK", "ORN-CSK"}) {
+        TESTDESIGN design;
+        design.Load({ConsoleLine("ELKCST_9"), std::string("ELKCST_9*type=") + type});
+        HWND window = Open(design, "ELKCST_9", "DOVRIXELKCSKCONFIGURATIONDIALOG");
+        ASSERT_NE(window, nullptr);
+        for (int visit = 0; visit < 2; visit++) {
+            Tick(window);
+            for (const char* widget : {"Find", "pilottone", "pilottonelabel"})
+                EXPECT_FALSE(IsWindowVisible(NamedChild(window, widget))) << type << " visit " << visit << ": " << widget;
+            EXPECT_TRUE(IsWindowVisible(NamedChild(window, "compressor"))) << type;
+            ASSERT_NE(SupervisionPage(window), nullptr);
+            ShowConfigurationTab(window);
+        }
+        DestroyWindow(window);
+    }
+}
+
+// ---- Message boxes over the window ----------------------------------------------------
+
+namespace {
+
+const char kBoxCaption[] = "Paint check";
+
+struct BOXWATCH {
+    DWORD thread = 0;
+    HWND box = NULL;
+    int ticks = 0;            // timer ticks since the box was found
+    std::vector<DWORD> pixels;  // the box's client area as the screen shows it
+    int width = 0;
+    volatile LONG done = 0;
+};
+
+BOXWATCH*& Watch()
+{
+    static BOXWATCH* watch = nullptr;
+    return watch;
+}
+
+BOOL CALLBACK FindPaintCheck(HWND window, LPARAM found)
+{
+    char caption[64] = "";
+    GetWindowTextA(window, caption, sizeof caption);
+    if (strcmp(caption, kBoxCaption) == 0 && IsWindowVisible(window)) {
+        *reinterpret_cast<HWND*>(found) = window;
+        return FALSE;
+    }
+    return TRUE;
+}
+
+// What the screen shows of the window's client area (0x00RRGGBB), not what
+// the window would draw if asked: a box that never painted reads black.
+std::vector<DWORD> ScreenPixels(HWND window, int* width)
+{
+    RECT client;
+    GetClientRect(window, &client);
+    POINT origin = {0, 0};
+    ClientToScreen(window, &origin);
+    BITMAPINFO info = {};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = client.right;
+    info.bmiHeader.biHeight = -client.bottom;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    void* bits = nullptr;
+    HBITMAP bitmap = CreateDIBSection(NULL, &info, DIB_RGB_COLORS, &bits, NULL, 0);
+    HDC screen = GetDC(NULL);
+    HDC memory = CreateCompatibleDC(screen);
+    HGDIOBJ old = SelectObject(memory, bitmap);
+    BitBlt(memory, 0, 0, client.right, client.bottom, screen, origin.x, origin.y, SRCCOPY);
+    GdiFlush();
+    std::vector<DWORD> pixels((const DWORD*)bits, (const DWORD*)bits + client.right * client.bottom);
+    SelectObject(memory, old);
+    DeleteDC(memory);
+    ReleaseDC(NULL, screen);
+    DeleteObject(bitmap);
+    *width = client.right;
+    return pixels;
+}
+
+// A timer of the test's thread, run by the box's own loop: once the box has
+// been up for a second its pixels are taken from the screen and it is closed.
+void CALLBACK CaptureBox(HWND, UINT, UINT_PTR timer, DWORD)
+{
+    BOXWATCH* watch = Watch();
+    if (!watch->box)
+        EnumThreadWindows(watch->thread, FindPaintCheck, (LPARAM)&watch->box);
+    if (!watch->box || ++watch->ticks < 10)
+        return;
+    KillTimer(NULL, timer);
+    watch->pixels = ScreenPixels(watch->box, &watch->width);
+    PostMessageA(watch->box, WM_COMMAND, IDOK, 0);
+}
+
+// Should the box's loop never come to the timer (a window that never stops
+// asking to be painted starves it), the box is closed from outside.
+DWORD WINAPI CloseBoxLate(void* parameter)
+{
+    BOXWATCH* watch = static_cast<BOXWATCH*>(parameter);
+    for (int waited = 0; waited < 100 && !watch->done; waited++)
+        Sleep(100);
+    if (!watch->done) {
+        HWND box = NULL;
+        EnumThreadWindows(watch->thread, FindPaintCheck, (LPARAM)&box);
+        if (box)
+            PostMessageA(box, WM_COMMAND, IDOK, 0);
+    }
+    return 0;
+}
+
+// Shows a message box owned by the window and returns what the screen showed of it.
+BOXWATCH ShowAndCaptureMessageBox(HWND owner, const char* text)
+{
+    BOXWATCH watch;
+    watch.thread = GetCurrentThreadId();
+    Watch() = &watch;
+    HANDLE closer = CreateThread(NULL, 0, CloseBoxLate, &watch, 0, NULL);
+    const UINT_PTR timer = SetTimer(NULL, 0, 100, CaptureBox);
+    {
+        MESSAGEBOXCATCHER catcher(MESSAGEBOX_LEFT_OPEN);
+        MessageBoxA(owner, text, kBoxCaption, MB_OK | MB_ICONEXCLAMATION);
+    }
+    KillTimer(NULL, timer);
+    InterlockedExchange(&watch.done, 1);
+    WaitForSingleObject(closer, INFINITE);
+    CloseHandle(closer);
+    Watch() = nullptr;
+    return watch;
+}
+
+// Dark pixels where the text stands: the box painted its face and its words.
+int DarkPixels(const std::vector<DWORD>& pixels)
+{
+    int dark = 0;
+    for (DWORD pixel : pixels) {
+        const int r = (pixel >> 16) & 0xFF, g = (pixel >> 8) & 0xFF, b = pixel & 0xFF;
+        if (r + g + b < 120)
+            dark++;
+    }
+    return dark;
+}
+
+}  // namespace
+
+// A message box over an open configuration window paints itself: its face
+// in the dialog colour, its text in dark letters on it, as the screen shows it.
+TEST(Configuration, AMessageBoxOverTheWindowPaintsItsText)
+{
+    TESTDESIGN design;
+    design.Load({kOrnController, ConsoleLine("ORNCST_1"), "ORNCST_1*address=1"});
+    HWND window = Open(design, "ORNCST_1", "DOVRIXZELCONFIGURATIONDIALOG");
+    ASSERT_NE(window, nullptr);
+    Tick(window);
+    const BOXWATCH watch =
+        ShowAndCaptureMessageBox(window, "Indicator Test key already configured. WWWWWWWWWWWWWWWWWWWWWWWWWWWW");
+    ASSERT_FALSE(watch.pixels.empty()) << "the box's loop never ran its timers";
+    const size_t all = watch.pixels.size();
+    const int dark = DarkPixels(watch.pixels);
+    EXPECT_GT(dark, 40) << "no text on the box";
+    EXPECT_LT((size_t)dark, all / 2) << dark << " of " << all << " pixels dark: the box is black";
     DestroyWindow(window);
 }

@@ -311,6 +311,52 @@ TEST_F(ControlPanel, ABoardConsoleShowsTheFrontOfItsPicture)
     EXPECT_EQ(pixels[(size_t)152 * width + 263] & 0xFFFFFF, 0xBFBFBFu);  // a key's corner shows its fill
 }
 
+namespace {
+
+// The panel's page 2 of a console of the type with one extension: the strip's
+// 301 x 331 pixels from where its picture stands.
+std::vector<DWORD> ExtensionStrip(const char* type)
+{
+    TESTDESIGN design;
+    design.Load({kController, "control=0 DOVRIXC \"ORNCST_1\" 0x54000000 30,20,20x20", "ORNCST_1*address=1",
+                 std::string("ORNCST_1*type=") + type, "ORNCST_1*ExtensionCount=1"});
+    HOSTINFO* console = design.Object("ORNCST_1");
+    HWND panel = console ? (HWND)SendMessageA(console->m_hWnd, DCM_CONTROLPANEL, 0, 0) : NULL;
+    if (!panel)
+        return {};
+    SendMessageA(panel, CVM_SETPAGE, 0, 2);
+    int width = 0;
+    const std::vector<DWORD> pixels = WindowPixels(panel, &width);
+    DestroyWindow(panel);
+    // A board shows the 15-key front (type 4), and its strip stands where that front's does.
+    const int model = static_cast<CONSOLEPROPERTIES*>(console)->m_model;
+    int x = 0, y = 0;
+    ExtensionStripOrigin(model == 3 || model == 6 ? 4 : model, 0, &x, &y);
+    std::vector<DWORD> strip;
+    const int height = (int)pixels.size() / (width ? width : 1);
+    for (int row = y; row < y + 331 && row < height; row++)
+        for (int column = x; column < x + 301 && column < width; column++)
+            strip.push_back(pixels[(size_t)row * width + column]);
+    return strip;
+}
+
+}  // namespace
+
+// A board's extensions are the plain strip with the plain keys (pictures 102
+// and 107), as a type-1 console's are, not the 15-key fronts' 202 and 197.
+TEST(ControlPanelBoards, TheBoardsExtensionsAreThePlainStrip)
+{
+    const std::vector<DWORD> plain = ExtensionStrip("ZEL4020");
+    const std::vector<DWORD> front = ExtensionStrip("ORN-15CST");
+    ASSERT_EQ(plain.size(), 301u * 331u);
+    ASSERT_EQ(front.size(), plain.size());
+    ASSERT_NE(plain, front);  // the two strips can be told apart
+    for (const char* board : {"ELK-CSK", "ORN-CSK"}) {
+        const std::vector<DWORD> strip = ExtensionStrip(board);
+        EXPECT_TRUE(strip == plain) << board;
+    }
+}
+
 TEST_F(ControlPanel, ItsHostControlsShowTheOnlineStateAndTheName)
 {
     Open();

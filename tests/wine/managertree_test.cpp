@@ -319,3 +319,93 @@ TEST(ManagerTree, AConsoleWithAWindowOfItsOwnStaysThere)
     DestroyWindow(second.window);
     DestroyWindow(first.window);
 }
+
+namespace {
+
+bool OutputHas(const TESTDESIGN& design, const std::string& words)
+{
+    for (const std::string& line : design.Output())
+        if (line.find(words) != std::string::npos)
+            return true;
+    return false;
+}
+
+}  // namespace
+
+// A drop the controller cannot carry out whole is refused before anything is
+// let go: ORNCST_1 at address 16, and the other controller free only at 1.
+TEST(ManagerTree, ADropWithoutTheConsolesAddressFreeThereIsRefused)
+{
+    TESTDESIGN design;
+    design.Load({kOrnController1, kOrnController2});
+    AddConnected(design, "ORNCST_1", 16, "ORNCON_1");
+    for (int address = 2; address <= 16; address++)
+        AddConnected(design, "ORNCST_" + std::to_string(address + 20), address, "ORNCON_2");
+    const VIEW v = OpenTree(design, "ORNCST_1");
+    ASSERT_NE(v.tree, nullptr);
+    const std::vector<std::string> before = Positions(v.tree, 1);
+    ASSERT_EQ(before[15], "empty");
+    EXPECT_TRUE(Drag(v, design.Object("ORNCST_1"), Controller(v.tree, 1)));
+    EXPECT_EQ(GetCursor(), PluginCursor(IDR_CURSOR_NODROP));
+    EXPECT_EQ(design.Get("ORNCST_1", "connection"), "ORNCON_1.DOVRIXCSTModule");
+    EXPECT_EQ(design.Get("ORNCST_1", "address"), "16");
+    EXPECT_EQ(Positions(v.tree, 0), Expected({"Desk 16 (ORNCST_1)"}));
+    EXPECT_EQ(Positions(v.tree, 1), before);
+    EXPECT_TRUE(OutputHas(design, "ORNCST_1 not moved to ORNCON_2: CAN address 16 is not free there"));
+    DestroyWindow(v.window);
+}
+
+// In ORNCST_1's window the item of ORNCST_2, which has a window of its own,
+// is dragged: the window stays on ORNCST_1, so the drop is refused and
+// neither console is reconnected.
+TEST(ManagerTree, ADropOfAConsoleTheWindowDoesNotShowIsRefused)
+{
+    TESTDESIGN design;
+    design.Load({kOrnController1, kOrnController2});
+    AddConnected(design, "ORNCST_1", 1, "ORNCON_1");
+    AddConnected(design, "ORNCST_2", 2, "ORNCON_1");
+    const VIEW first = OpenTree(design, "ORNCST_1");
+    const VIEW second = OpenTree(design, "ORNCST_2");
+    ASSERT_NE(first.tree, nullptr);
+    ASSERT_NE(second.tree, nullptr);
+    EXPECT_TRUE(Drag(first, design.Object("ORNCST_2"), Controller(first.tree, 1)));
+    EXPECT_EQ(GetCursor(), PluginCursor(IDR_CURSOR_NODROP));
+    EXPECT_EQ(Title(first.window), "ORNCST_1 - Configuration");
+    EXPECT_EQ(design.Get("ORNCST_1", "connection"), "ORNCON_1.DOVRIXCSTModule");
+    EXPECT_EQ(design.Get("ORNCST_2", "connection"), "ORNCON_1.DOVRIXCSTModule");
+    EXPECT_EQ(Positions(first.tree, 0), Expected({"Desk 1 (ORNCST_1)", "Desk 2 (ORNCST_2)"}));
+    EXPECT_EQ(Positions(first.tree, 1), Expected({}));
+    EXPECT_TRUE(OutputHas(design, "ORNCST_2 not moved to ORNCON_2: only the console this window shows (ORNCST_1)"));
+    DestroyWindow(second.window);
+    DestroyWindow(first.window);
+}
+
+// Consoles and a controller added while the window is open, and another
+// console renamed, show in the tree and the selector at the window's next tick.
+TEST(ManagerTree, TheTreeAndTheSelectorFollowTheDesign)
+{
+    TESTDESIGN design;
+    design.Load({kOrnController1});
+    AddConnected(design, "ORNCST_1", 1, "ORNCON_1");
+    AddConnected(design, "ORNCST_2", 2, "ORNCON_1");
+    const VIEW v = OpenTree(design, "ORNCST_1");
+    ASSERT_NE(v.tree, nullptr);
+    HWND selector = GetDlgItem(v.window, IDC_CONSOLESELECTOR);
+    SendMessageA(v.window, WM_TIMER, TIMER_POLL, 0);
+    ASSERT_EQ(SendMessageA(selector, CB_GETCOUNT, 0, 0), 2);
+    design.Load({kOrnController2});
+    AddConnected(design, "ORNCST_3", 3, "ORNCON_1");
+    AddConnected(design, "ORNCST_4", 1, "ORNCON_2");
+    design.Edit("ORNCST_2*name=Front desk");
+    SendMessageA(v.window, WM_TIMER, TIMER_POLL, 0);
+    EXPECT_EQ(Positions(v.tree, 0), Expected({"Desk 1 (ORNCST_1)", "Front desk (ORNCST_2)", "Desk 3 (ORNCST_3)"}));
+    EXPECT_EQ(Read(v.tree, Controller(v.tree, 1)).text, "Controller (ORNCON_2).DOVRIXCSTModule");
+    EXPECT_EQ(Positions(v.tree, 1), Expected({"Desk 1 (ORNCST_4)"}));
+    EXPECT_EQ(Read(v.tree, Next(v.tree, NULL, TVGN_CARET)).object, design.Object("ORNCST_1"));
+    EXPECT_EQ(SendMessageA(selector, CB_GETCOUNT, 0, 0), 4);
+    EXPECT_NE(SendMessageA(selector, CB_FINDSTRINGEXACT, (WPARAM)-1, (LPARAM) "ORNCST_4"), CB_ERR);
+    char shown[64] = "";
+    GetWindowTextA(selector, shown, sizeof shown);
+    EXPECT_STREQ(shown, "ORNCST_1");
+    DestroyWindow(v.window);
+}

@@ -39,7 +39,8 @@ void RecordMessageBox(HWND box)
         Catcher().captions.push_back(WindowCaption(box));
     } else
         ADD_FAILURE() << "unexpected message box: " << text;
-    PostMessageA(box, WM_COMMAND, (WPARAM)Catcher().answer, 0);
+    if (!Catcher().expecting || Catcher().answer != MESSAGEBOX_LEFT_OPEN)
+        PostMessageA(box, WM_COMMAND, (WPARAM)(Catcher().answer ? Catcher().answer : IDOK), 0);
 }
 
 void RegisterSurfaceClass()

@@ -49,7 +49,9 @@ private:
 void CloseEveryMessageBox();
 
 // While it lives, message boxes are expected: their texts and captions are
-// recorded and each is answered with the button given (IDYES, IDNO, IDCANCEL ...).
+// recorded and each is answered with the button given (IDYES, IDNO, IDCANCEL ...),
+// or left open for the test to close (MESSAGEBOX_LEFT_OPEN).
+enum { MESSAGEBOX_LEFT_OPEN = 0 };
 class MESSAGEBOXCATCHER {
 public:
     explicit MESSAGEBOXCATCHER(int answer = IDOK);
