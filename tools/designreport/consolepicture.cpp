@@ -1,7 +1,6 @@
 #include "consolepicture.h"
 
 #include <algorithm>
-#include <map>
 
 #include "labelfit.h"
 #include "reporttext.h"
@@ -44,12 +43,27 @@ void KeySize(const CONSOLEKEY& key, int* width, int* height)
     *height = strip.height;
 }
 
+// ` NAME="NUMBER"`
+void Attribute(std::string* out, const char* name, double value)
+{
+    out->push_back(' ');
+    *out += name;
+    *out += "=\"";
+    AppendNumber(out, value);
+    out->push_back('"');
+}
+
 void Picture(std::string* out, int image, int x, int y, bool board)
 {
     const IMAGESIZE size = ImageSizeOf(image);
-    *out += "<rect x=\"" + Number(x) + "\" y=\"" + Number(y) + "\" width=\"" + Number(size.width) + "\" height=\"" +
-            Number(size.height) + "\" rx=\"10\" fill=\"" + (board ? "#339966" : "#c8c8c8") +
-            "\" stroke=\"#666\"/>\n";
+    *out += "<rect";
+    Attribute(out, "x", x);
+    Attribute(out, "y", y);
+    Attribute(out, "width", size.width);
+    Attribute(out, "height", size.height);
+    *out += " rx=\"10\" fill=\"";
+    *out += board ? "#339966" : "#c8c8c8";
+    *out += "\" stroke=\"#666\"/>\n";
 }
 
 // What the picture writes on a key: short, as the key's own print.
@@ -68,27 +82,51 @@ void Key(std::string* out, const CONSOLEKEY& key, const KEYROW* row, const std::
     int width = 0, height = 0;
     KeySize(key, &width, &height);
     *out += "<g><title>";
-    AppendMarkup(out, KeyCaption(key.id) + ": " + (row ? row->function : std::string("not configured")) +
-                          (row && !row->destination.empty() ? " - " + row->destination : std::string()));
-    *out += "</title><rect x=\"" + Number(key.left) + "\" y=\"" + Number(key.top) + "\" width=\"" + Number(width) +
-            "\" height=\"" + Number(height) + "\" rx=\"3\" fill=\"" + KeyFill(row) + "\" stroke=\"#444\"/>";
-    const FITTEDTEXT fitted = FitText(caption, width - 4, 9, 5);
-    *out += "<text x=\"" + Number(key.left + width / 2.0) + "\" y=\"" + Number(key.top + height / 2.0 + 3) +
-            "\" font-size=\"" + Number(fitted.fontSize) + "\" text-anchor=\"middle\">";
-    AppendMarkup(out, fitted.text);
+    AppendMarkup(out, KeyCaption(key.id));
+    *out += ": ";
+    if (row) {
+        AppendMarkup(out, row->function);
+        if (!row->destination.empty()) {
+            *out += " - ";
+            AppendMarkup(out, row->destination);
+        }
+    } else {
+        *out += "not configured";
+    }
+    *out += "</title><rect";
+    Attribute(out, "x", key.left);
+    Attribute(out, "y", key.top);
+    Attribute(out, "width", width);
+    Attribute(out, "height", height);
+    *out += " rx=\"3\" fill=\"";
+    *out += KeyFill(row);
+    *out += "\" stroke=\"#444\"/>";
+    const TEXTFIT fit = FitTextSize(caption, width - 4, 9, 5);
+    *out += "<text";
+    Attribute(out, "x", key.left + width / 2.0);
+    Attribute(out, "y", key.top + height / 2.0 + 3);
+    Attribute(out, "font-size", fit.fontSize);
+    *out += " text-anchor=\"middle\">";
+    AppendFittedMarkup(out, caption, fit);
     *out += "</text></g>\n";
 }
 
 void LabelBox(std::string* out, const CONSOLEKEYLABEL& box, const std::string& label)
 {
-    *out += "<rect x=\"" + Number(box.x) + "\" y=\"" + Number(box.y) + "\" width=\"" + Number(box.width) +
-            "\" height=\"" + Number(box.height) + "\" fill=\"#e5e5e5\"/>";
+    *out += "<rect";
+    Attribute(out, "x", box.x);
+    Attribute(out, "y", box.y);
+    Attribute(out, "width", box.width);
+    Attribute(out, "height", box.height);
+    *out += " fill=\"#e5e5e5\"/>";
     if (!label.empty()) {
-        const FITTEDTEXT fitted = FitText(label, box.width - 4, 10.5, 5);
-        *out += "<text x=\"" + Number(box.x + 2) + "\" y=\"" + Number(box.y + box.height / 2 + fitted.fontSize / 3) +
-                "\" font-size=\"" + Number(fitted.fontSize) + "\" fill=\"#494949\"";
-        *out += ">";
-        AppendMarkup(out, fitted.text);
+        const TEXTFIT fit = FitTextSize(label, box.width - 4, 10.5, 5);
+        *out += "<text";
+        Attribute(out, "x", box.x + 2);
+        Attribute(out, "y", box.y + box.height / 2 + fit.fontSize / 3);
+        Attribute(out, "font-size", fit.fontSize);
+        *out += " fill=\"#494949\">";
+        AppendFittedMarkup(out, label, fit);
         *out += "</text>";
     }
     *out += "\n";
@@ -99,17 +137,17 @@ void LabelBox(std::string* out, const CONSOLEKEYLABEL& box, const std::string& l
 void AppendConsolePicture(const CONSOLEDESIGN& console, const std::vector<KEYROW>& rows, std::string* out)
 {
     const int type = console.model;
-    std::map<int, const KEYROW*> bySlot;
+    const KEYROW* bySlot[REPORT_KEY_SLOTS] = {};
     for (const KEYROW& row : rows)
-        if (!row.numeric)
+        if (!row.numeric && row.slot >= 0 && row.slot < REPORT_KEY_SLOTS)
             bySlot[row.slot] = &row;
     auto rowOf = [&bySlot](int slot) -> const KEYROW* {
-        auto found = bySlot.find(slot);
-        return found == bySlot.end() ? nullptr : found->second;
+        return slot >= 0 && slot < REPORT_KEY_SLOTS ? bySlot[slot] : nullptr;
     };
-    auto labelOf = [&console](int slot) {
+    const std::string noLabel;
+    auto labelOf = [&console, &noLabel](int slot) -> const std::string& {
         const KEYLINE* label = console.Label(slot);
-        return label ? label->record.text : std::string();
+        return label ? label->record.text : noLabel;
     };
 
     const PICTUREFRAME frame = PictureFrameOf(type);
@@ -130,11 +168,18 @@ void AppendConsolePicture(const CONSOLEDESIGN& console, const std::vector<KEYROW
     }
 
     const int margin = 4;
-    *out += "<svg xmlns=\"http://www.w3.org/2000/svg\" class=\"picture\" width=\"" +
-            Number(bounds.right - bounds.left + 2 * margin) + "\" height=\"" +
-            Number(bounds.bottom - bounds.top + 2 * margin) + "\" viewBox=\"" + Number(bounds.left - margin) + " " +
-            Number(bounds.top - margin) + " " + Number(bounds.right - bounds.left + 2 * margin) + " " +
-            Number(bounds.bottom - bounds.top + 2 * margin) + "\" font-family=\"Arial, sans-serif\">\n";
+    *out += "<svg xmlns=\"http://www.w3.org/2000/svg\" class=\"picture\"";
+    Attribute(out, "width", bounds.right - bounds.left + 2 * margin);
+    Attribute(out, "height", bounds.bottom - bounds.top + 2 * margin);
+    *out += " viewBox=\"";
+    AppendNumber(out, bounds.left - margin);
+    out->push_back(' ');
+    AppendNumber(out, bounds.top - margin);
+    out->push_back(' ');
+    AppendNumber(out, bounds.right - bounds.left + 2 * margin);
+    out->push_back(' ');
+    AppendNumber(out, bounds.bottom - bounds.top + 2 * margin);
+    *out += "\" font-family=\"Arial, sans-serif\">\n";
     Picture(out, frame.picture, frame.leftMargin, frame.pictureTop, IsBoardView(type));
     for (const CONSOLEKEY& key : keys)
         Key(out, key, rowOf(key.id), PictureCaption(key.id));

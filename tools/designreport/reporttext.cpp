@@ -29,11 +29,27 @@ void AppendUtf8(std::string* out, unsigned code)
     }
 }
 
+bool IsPlainMarkup(unsigned char c)
+{
+    return c >= 0x20 && c < 0x7F && c != '&' && c != '<' && c != '>' && c != '"' && c != '\'';
+}
+
 }  // namespace
 
 void AppendMarkup(std::string* out, const std::string& text)
 {
-    for (unsigned char c : text) {
+    const char* p = text.data();
+    const char* const end = p + text.size();
+    while (p < end) {
+        // Most of a design's text is printable ASCII that needs no escape:
+        // it goes over a run at a time.
+        const char* const run = p;
+        while (p < end && IsPlainMarkup((unsigned char)*p))
+            p++;
+        out->append(run, (size_t)(p - run));
+        if (p == end)
+            break;
+        const unsigned char c = (unsigned char)*p++;
         switch (c) {
         case '&': *out += "&amp;"; break;
         case '<': *out += "&lt;"; break;
@@ -62,40 +78,83 @@ std::string EscapeMarkup(const std::string& text)
     return out;
 }
 
-std::string CsvField(const std::string& text)
+void AppendCsvField(std::string* out, const std::string& text)
 {
-    if (text.find_first_of(",\"\r\n") == std::string::npos)
-        return text;
-    std::string out = "\"";
+    if (text.find_first_of(",\"\r\n") == std::string::npos) {
+        *out += text;
+        return;
+    }
+    out->push_back('"');
     for (char c : text) {
         if (c == '"')
-            out += '"';
-        out += c;
+            out->push_back('"');
+        out->push_back(c);
     }
-    return out + "\"";
+    out->push_back('"');
+}
+
+std::string CsvField(const std::string& text)
+{
+    std::string out;
+    AppendCsvField(&out, text);
+    return out;
+}
+
+void AppendInteger(std::string* out, long long value)
+{
+    char digits[24];
+    char* const end = digits + sizeof digits;
+    char* p = end;
+    unsigned long long magnitude = value < 0 ? 0ULL - (unsigned long long)value : (unsigned long long)value;
+    do {
+        *--p = (char)('0' + magnitude % 10);
+        magnitude /= 10;
+    } while (magnitude);
+    if (value < 0)
+        *--p = '-';
+    out->append(p, (size_t)(end - p));
+}
+
+void AppendNumber(std::string* out, double value)
+{
+    // Hundredths, rounded half away from zero; written without printf, as
+    // the pictures hold millions of numbers.
+    if (!isfinite(value) || fabs(value) >= 1e15) {
+        out->push_back('0');
+        return;
+    }
+    const double scaled = value * 100.0;
+    // Most numbers are whole pixels, already whole hundredths.
+    const long long hundredths = scaled == (double)(long long)scaled ? (long long)scaled : llround(scaled);
+    char text[32];
+    char* const end = text + sizeof text;
+    char* p = end;
+    unsigned long long magnitude = hundredths < 0 ? 0ULL - (unsigned long long)hundredths
+                                                  : (unsigned long long)hundredths;
+    const int fraction = (int)(magnitude % 100);
+    if (fraction) {
+        if (fraction % 10)
+            *--p = (char)('0' + fraction % 10);
+        *--p = (char)('0' + fraction / 10);
+        *--p = '.';
+    }
+    magnitude /= 100;
+    do {
+        *--p = (char)('0' + magnitude % 10);
+        magnitude /= 10;
+    } while (magnitude);
+    if (hundredths < 0)
+        *--p = '-';
+    if (end - p == 2 && p[0] == '-' && p[1] == '0')
+        p++;  // no "-0"
+    out->append(p, (size_t)(end - p));
 }
 
 std::string Number(double value)
 {
-    // Hundredths, rounded half away from zero; written without printf, as
-    // the pictures hold millions of numbers.
-    if (!isfinite(value) || fabs(value) >= 1e15)
-        return "0";
-    long long hundredths = llround(value * 100.0);
     std::string number;
-    if (hundredths < 0) {
-        number += '-';
-        hundredths = -hundredths;
-    }
-    number += std::to_string(hundredths / 100);
-    const int fraction = (int)(hundredths % 100);
-    if (fraction) {
-        number += '.';
-        number += (char)('0' + fraction / 10);
-        if (fraction % 10)
-            number += (char)('0' + fraction % 10);
-    }
-    return number == "-0" ? "0" : number;
+    AppendNumber(&number, value);
+    return number;
 }
 
 void TEXTSINK::Flush()

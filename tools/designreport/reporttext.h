@@ -15,9 +15,13 @@ void AppendMarkup(std::string* out, const std::string& text);
 // One RFC 4180 field: quoted when it holds a comma, quote, CR or LF, its
 // quotes doubled. The bytes stay the design's own.
 std::string CsvField(const std::string& text);
+void AppendCsvField(std::string* out, const std::string& text);
 
 // "12.35": millimetres and pixels in SVG, two decimals, no trailing zeros.
 std::string Number(double value);
+void AppendNumber(std::string* out, double value);
+// A whole number in decimal, as std::to_string writes it.
+void AppendInteger(std::string* out, long long value);
 
 // Writes through a buffer to a file, or keeps everything when it has none.
 class TEXTSINK {
