@@ -1,5 +1,7 @@
 #include "consolepicture.h"
 
+#include <string.h>
+
 #include <algorithm>
 
 #include "labelfit.h"
@@ -43,14 +45,21 @@ void KeySize(const CONSOLEKEY& key, int* width, int* height)
     *height = strip.height;
 }
 
-// ` NAME="NUMBER"`
-void Attribute(std::string* out, const char* name, double value)
+// ` NAME="NUMBER"`, put together before it is appended.
+template <size_t N>
+void Attribute(std::string* out, const char (&name)[N], double value)
 {
-    out->push_back(' ');
-    *out += name;
-    *out += "=\"";
-    AppendNumber(out, value);
-    out->push_back('"');
+    static_assert(N <= 16, "an attribute's name is short");
+    char text[NUMBER_TEXT_SIZE + 20];
+    size_t length = 0;
+    text[length++] = ' ';
+    memcpy(text + length, name, N - 1);
+    length += N - 1;
+    text[length++] = '=';
+    text[length++] = '"';
+    length += FormatNumber(text + length, value);
+    text[length++] = '"';
+    out->append(text, length);
 }
 
 void Picture(std::string* out, int image, int x, int y, bool board)

@@ -2,6 +2,7 @@
 
 #include <math.h>
 #include <stdint.h>
+#include <string.h>
 
 #include "../../base/text.h"
 #include "../../base/banned.h"
@@ -80,7 +81,14 @@ std::string EscapeMarkup(const std::string& text)
 
 void AppendCsvField(std::string* out, const std::string& text)
 {
-    if (text.find_first_of(",\"\r\n") == std::string::npos) {
+    bool quoted = false;
+    for (char c : text) {
+        if (c == ',' || c == '"' || c == '\r' || c == '\n') {
+            quoted = true;
+            break;
+        }
+    }
+    if (!quoted) {
         *out += text;
         return;
     }
@@ -115,19 +123,19 @@ void AppendInteger(std::string* out, long long value)
     out->append(p, (size_t)(end - p));
 }
 
-void AppendNumber(std::string* out, double value)
+size_t FormatNumber(char* text, double value)
 {
     // Hundredths, rounded half away from zero; written without printf, as
     // the pictures hold millions of numbers.
     if (!isfinite(value) || fabs(value) >= 1e15) {
-        out->push_back('0');
-        return;
+        text[0] = '0';
+        return 1;
     }
     const double scaled = value * 100.0;
     // Most numbers are whole pixels, already whole hundredths.
     const long long hundredths = scaled == (double)(long long)scaled ? (long long)scaled : llround(scaled);
-    char text[32];
-    char* const end = text + sizeof text;
+    char digits[NUMBER_TEXT_SIZE];
+    char* const end = digits + sizeof digits;
     char* p = end;
     unsigned long long magnitude = hundredths < 0 ? 0ULL - (unsigned long long)hundredths
                                                   : (unsigned long long)hundredths;
@@ -147,7 +155,15 @@ void AppendNumber(std::string* out, double value)
         *--p = '-';
     if (end - p == 2 && p[0] == '-' && p[1] == '0')
         p++;  // no "-0"
-    out->append(p, (size_t)(end - p));
+    const size_t length = (size_t)(end - p);
+    memcpy(text, p, length);
+    return length;
+}
+
+void AppendNumber(std::string* out, double value)
+{
+    char text[NUMBER_TEXT_SIZE];
+    out->append(text, FormatNumber(text, value));
 }
 
 std::string Number(double value)

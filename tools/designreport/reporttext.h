@@ -20,6 +20,9 @@ void AppendCsvField(std::string* out, const std::string& text);
 // "12.35": millimetres and pixels in SVG, two decimals, no trailing zeros.
 std::string Number(double value);
 void AppendNumber(std::string* out, double value);
+// The same into a buffer of NUMBER_TEXT_SIZE bytes, unterminated; answers its length.
+enum { NUMBER_TEXT_SIZE = 32 };
+size_t FormatNumber(char* text, double value);
 // A whole number in decimal, as std::to_string writes it.
 void AppendInteger(std::string* out, long long value);
 
