@@ -1,7 +1,5 @@
 #include "consolepicture.h"
 
-#include <string.h>
-
 #include <algorithm>
 
 #include "labelfit.h"
@@ -45,31 +43,14 @@ void KeySize(const CONSOLEKEY& key, int* width, int* height)
     *height = strip.height;
 }
 
-// ` NAME="NUMBER"`, put together before it is appended.
-template <size_t N>
-void Attribute(std::string* out, const char (&name)[N], double value)
-{
-    static_assert(N <= 16, "an attribute's name is short");
-    char text[NUMBER_TEXT_SIZE + 20];
-    size_t length = 0;
-    text[length++] = ' ';
-    memcpy(text + length, name, N - 1);
-    length += N - 1;
-    text[length++] = '=';
-    text[length++] = '"';
-    length += FormatNumber(text + length, value);
-    text[length++] = '"';
-    out->append(text, length);
-}
-
 void Picture(std::string* out, int image, int x, int y, bool board)
 {
     const IMAGESIZE size = ImageSizeOf(image);
     *out += "<rect";
-    Attribute(out, "x", x);
-    Attribute(out, "y", y);
-    Attribute(out, "width", size.width);
-    Attribute(out, "height", size.height);
+    AppendAttribute(out, "x", x);
+    AppendAttribute(out, "y", y);
+    AppendAttribute(out, "width", size.width);
+    AppendAttribute(out, "height", size.height);
     *out += " rx=\"10\" fill=\"";
     *out += board ? "#339966" : "#c8c8c8";
     *out += "\" stroke=\"#666\"/>\n";
@@ -103,18 +84,18 @@ void Key(std::string* out, const CONSOLEKEY& key, const KEYROW* row, const std::
         *out += "not configured";
     }
     *out += "</title><rect";
-    Attribute(out, "x", key.left);
-    Attribute(out, "y", key.top);
-    Attribute(out, "width", width);
-    Attribute(out, "height", height);
+    AppendAttribute(out, "x", key.left);
+    AppendAttribute(out, "y", key.top);
+    AppendAttribute(out, "width", width);
+    AppendAttribute(out, "height", height);
     *out += " rx=\"3\" fill=\"";
     *out += KeyFill(row);
     *out += "\" stroke=\"#444\"/>";
     const TEXTFIT fit = FitTextSize(caption, width - 4, 9, 5);
     *out += "<text";
-    Attribute(out, "x", key.left + width / 2.0);
-    Attribute(out, "y", key.top + height / 2.0 + 3);
-    Attribute(out, "font-size", fit.fontSize);
+    AppendAttribute(out, "x", key.left + width / 2.0);
+    AppendAttribute(out, "y", key.top + height / 2.0 + 3);
+    AppendAttribute(out, "font-size", fit.fontSize);
     *out += " text-anchor=\"middle\">";
     AppendFittedMarkup(out, caption, fit);
     *out += "</text></g>\n";
@@ -123,17 +104,17 @@ void Key(std::string* out, const CONSOLEKEY& key, const KEYROW* row, const std::
 void LabelBox(std::string* out, const CONSOLEKEYLABEL& box, const std::string& label)
 {
     *out += "<rect";
-    Attribute(out, "x", box.x);
-    Attribute(out, "y", box.y);
-    Attribute(out, "width", box.width);
-    Attribute(out, "height", box.height);
+    AppendAttribute(out, "x", box.x);
+    AppendAttribute(out, "y", box.y);
+    AppendAttribute(out, "width", box.width);
+    AppendAttribute(out, "height", box.height);
     *out += " fill=\"#e5e5e5\"/>";
     if (!label.empty()) {
         const TEXTFIT fit = FitTextSize(label, box.width - 4, 10.5, 5);
         *out += "<text";
-        Attribute(out, "x", box.x + 2);
-        Attribute(out, "y", box.y + box.height / 2 + fit.fontSize / 3);
-        Attribute(out, "font-size", fit.fontSize);
+        AppendAttribute(out, "x", box.x + 2);
+        AppendAttribute(out, "y", box.y + box.height / 2 + fit.fontSize / 3);
+        AppendAttribute(out, "font-size", fit.fontSize);
         *out += " fill=\"#494949\">";
         AppendFittedMarkup(out, label, fit);
         *out += "</text>";
@@ -178,8 +159,8 @@ void AppendConsolePicture(const CONSOLEDESIGN& console, const std::vector<KEYROW
 
     const int margin = 4;
     *out += "<svg xmlns=\"http://www.w3.org/2000/svg\" class=\"picture\"";
-    Attribute(out, "width", bounds.right - bounds.left + 2 * margin);
-    Attribute(out, "height", bounds.bottom - bounds.top + 2 * margin);
+    AppendAttribute(out, "width", bounds.right - bounds.left + 2 * margin);
+    AppendAttribute(out, "height", bounds.bottom - bounds.top + 2 * margin);
     *out += " viewBox=\"";
     AppendNumber(out, bounds.left - margin);
     out->push_back(' ');

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <stdio.h>
+#include <string.h>
 
 #include <string>
 
@@ -23,6 +24,22 @@ void AppendNumber(std::string* out, double value);
 // The same into a buffer of NUMBER_TEXT_SIZE bytes, unterminated; answers its length.
 enum { NUMBER_TEXT_SIZE = 32 };
 size_t FormatNumber(char* text, double value);
+// ` NAME="NUMBER"` of markup, put together before it is appended.
+template <size_t N>
+void AppendAttribute(std::string* out, const char (&name)[N], double value)
+{
+    static_assert(N <= 16, "an attribute's name is short");
+    char text[NUMBER_TEXT_SIZE + 20];
+    size_t length = 0;
+    text[length++] = ' ';
+    memcpy(text + length, name, N - 1);
+    length += N - 1;
+    text[length++] = '=';
+    text[length++] = '"';
+    length += FormatNumber(text + length, value);
+    text[length++] = '"';
+    out->append(text, length);
+}
 // A whole number in decimal, as std::to_string writes it.
 void AppendInteger(std::string* out, long long value);
 
