@@ -203,6 +203,9 @@ void DESIGNREADER::ControlLine(const std::string& parent, const std::string& val
         m_model->lineProblems.Add(number, PROBLEM_LINE, name, "Object exists already");
         return;
     }
+    // Adding an object may move the others in memory.
+    m_lastConsole = nullptr;
+    m_lastController = nullptr;
     if (spec.className == kConsoleClass) {
         CONSOLEDESIGN console;
         console.name = name;
@@ -225,14 +228,27 @@ void DESIGNREADER::ControlLine(const std::string& parent, const std::string& val
 void DESIGNREADER::ObjectLine(const std::string& object, const std::string& keyword, const std::string& value,
                               size_t valueLength)
 {
+    if ((m_lastConsole || m_lastController) && object == m_lastObject) {
+        if (m_lastConsole)
+            ConsoleLine(m_lastConsole, keyword, value, valueLength);
+        else
+            ControllerLine(m_lastController, keyword, value);
+        return;
+    }
     auto console = m_model->consoleIndex.find(object);
     if (console != m_model->consoleIndex.end()) {
-        ConsoleLine(&m_model->consoles[console->second], keyword, value, valueLength);
+        m_lastObject = object;
+        m_lastConsole = &m_model->consoles[console->second];
+        m_lastController = nullptr;
+        ConsoleLine(m_lastConsole, keyword, value, valueLength);
         return;
     }
     auto controller = m_model->controllerIndex.find(object);
     if (controller != m_model->controllerIndex.end()) {
-        ControllerLine(&m_model->controllers[controller->second], keyword, value);
+        m_lastObject = object;
+        m_lastConsole = nullptr;
+        m_lastController = &m_model->controllers[controller->second];
+        ControllerLine(m_lastController, keyword, value);
         return;
     }
     if (m_refused.count(object))

@@ -136,6 +136,10 @@ private:
     void ControllerLine(CONTROLLERDESIGN* controller, const std::string& keyword, const std::string& value);
 
     DESIGNMODEL* m_model;
+    // The object of the last object line found, as its lines come together.
+    std::string m_lastObject;
+    CONSOLEDESIGN* m_lastConsole = nullptr;
+    CONTROLLERDESIGN* m_lastController = nullptr;
     std::map<std::string, bool> m_refused;  // objects whose control line was refused
     std::map<std::string, bool> m_others;   // objects of other classes
 };
