@@ -65,18 +65,6 @@ std::string TriggerText(int family, int code)
     return code >= 0 && code < 3 ? kTriggerTexts[code] : FormatString("%d", code);
 }
 
-std::string AlarmToneText(int code)
-{
-    static const std::map<int, std::string> tones = AlarmToneTable(false);
-    auto found = tones.find(code);
-    return found == tones.end() ? FormatString("tone %d", code) : found->second;
-}
-
-std::string RecordName(const std::string& record)
-{
-    return record.substr(0, record.find(','));
-}
-
 void Join(std::string* text, const char* part)
 {
     if (!part[0])
@@ -93,6 +81,16 @@ void Join(std::string* text, const std::string& part)
     if (!text->empty())
         *text += "; ";
     *text += part;
+}
+
+void JoinAlarmTone(std::string* text, int code)
+{
+    static const std::map<int, std::string> tones = AlarmToneTable(false);
+    auto found = tones.find(code);
+    if (found == tones.end())
+        Join(text, FormatString("tone %d", code));
+    else
+        Join(text, found->second);
 }
 
 }  // namespace
@@ -221,13 +219,18 @@ std::string KeyRowCaption(const CONSOLEDESIGN& console, int slot, bool numeric)
     return caption;
 }
 
+void ReadKeyRow(const KEYLINE& line, bool numeric, KEYROW* row)
+{
+    row->numeric = numeric;
+    row->slot = line.slot;
+    row->line = line.record.line;
+    ParseKeyRecord(line.record.text.c_str(), &row->key);
+}
+
 KEYROW KeyOfRow(const KEYLINE& line, bool numeric)
 {
     KEYROW row;
-    row.numeric = numeric;
-    row.slot = line.slot;
-    row.line = line.record.line;
-    ParseKeyRecord(line.record.text.c_str(), &row.key);
+    ReadKeyRow(line, numeric, &row);
     return row;
 }
 
@@ -236,7 +239,7 @@ void DescribeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, KEYROW* r
     const bool numeric = row->numeric;
     row->caption = KeyRowCaption(console, line.slot, numeric);
     const KEYSLOT& key = row->key;
-    row->recordName = RecordName(line.record.text);
+    row->recordName.assign(line.record.text, 0, line.record.text.find(','));
     row->function = KeyFunctionName(key.functionId);
     const int family = KeyFamily(key.functionId);
     if (family == FAMILY_SELECT || DestinationKind(key.functionId) != DEST_NONE)
@@ -253,9 +256,11 @@ void DescribeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, KEYROW* r
         row->message = key.text2;  // an older key's prechime tone
     }
     if (family == FAMILY_ALARM) {
-        Join(&row->message, AlarmToneText(key.cells[KEYCELL_SECOND]));
-        if (key.text2[0])
-            Join(&row->message, std::string("input ") + key.text2);
+        JoinAlarmTone(&row->message, key.cells[KEYCELL_SECOND]);
+        if (key.text2[0]) {
+            Join(&row->message, "input ");
+            row->message += key.text2;
+        }
     }
 
     const FAMILYCELLS cells = CellsOf(family);
@@ -284,7 +289,8 @@ std::vector<KEYROW> KeyRows(const CONSOLEDESIGN& console)
     std::vector<KEYROW> rows;
     rows.reserve(console.keys.size() + console.numericKeyRecords.size());
     ForEachKeyLine(console, [&](const KEYLINE& line, bool numeric) {
-        rows.push_back(KeyOfRow(line, numeric));
+        rows.emplace_back();
+        ReadKeyRow(line, numeric, &rows.back());
         DescribeKeyRow(console, line, &rows.back());
     });
     return rows;

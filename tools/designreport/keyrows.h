@@ -45,6 +45,7 @@ KEYROW MakeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, bool numeri
 // A row in two steps, for the outputs that look at most keys' records alone:
 // the key (slot, line, record) first, the texts it shows when needed.
 KEYROW KeyOfRow(const KEYLINE& line, bool numeric);
+void ReadKeyRow(const KEYLINE& line, bool numeric, KEYROW* row);
 void DescribeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, KEYROW* row);
 // The row's caption: the key as printed, a special key with its role.
 std::string KeyRowCaption(const CONSOLEDESIGN& console, int slot, bool numeric);
