@@ -27,6 +27,7 @@ void WriteCsv(const DESIGNMODEL& model, TEXTSINK* out)
 {
     out->Buffer() += kHeader;
     std::string prefix;  // the fields every row of a console starts with
+    KEYROW row;          // each key's in turn
     for (const CONSOLEGROUP& group : GroupConsoles(model)) {
         const std::string controller = group.controller ? group.controller->name : std::string();
         for (const CONSOLEDESIGN* console : group.consoles) {
@@ -36,7 +37,8 @@ void WriteCsv(const DESIGNMODEL& model, TEXTSINK* out)
             Field(&prefix, console->name);
             Field(&prefix, facts.displayName);
             std::string& text = out->Buffer();
-            for (const KEYROW& row : KeyRows(*console)) {
+            ForEachKeyLine(*console, [&](const KEYLINE& line, bool numeric) {
+                RefillKeyRow(*console, line, numeric, &row);
                 text += prefix;
                 Field(&text, row.caption);
                 if (row.numeric) {
@@ -56,7 +58,7 @@ void WriteCsv(const DESIGNMODEL& model, TEXTSINK* out)
                 text.push_back(',');
                 AppendInteger(&text, row.line);
                 text += "\r\n";
-            }
+            });
             out->Spill();
         }
     }

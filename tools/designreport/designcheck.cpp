@@ -39,7 +39,8 @@ struct KEYCHECK {
             return;
         const char* what = kind == DEST_ZONE ? "zone" : "group";
         if (!row.key.text1[0]) {
-            Report(row, PROBLEM_NO_DESTINATION, FormatString("%s without a %s", KeyFunctionName(row.key.functionId), what));
+            Report(row, PROBLEM_NO_DESTINATION,
+                   FormatString("%s without a %s", KeyFunctionName(row.key.functionId), what));
             return;
         }
         const OFFERLIST* list = Offered(kind == DEST_ZONE ? OFFER_ZONES : OFFER_GROUPS);

@@ -115,10 +115,12 @@ void KeyTable(const std::vector<KEYROW>& rows, std::string* out)
     *out += "</table>\n";
 }
 
-void ConsoleSection(const DESIGNMODEL& model, const CONSOLEDESIGN& console, std::string* out)
+void ConsoleSection(const DESIGNMODEL& model, const CONSOLEDESIGN& console, std::vector<KEYROW>* keptRows,
+                    std::string* out)
 {
     const CONSOLEFACTS facts = FactsOf(model, console);
-    const std::vector<KEYROW> rows = KeyRows(console);
+    FillKeyRows(console, keptRows);
+    const std::vector<KEYROW>& rows = *keptRows;
     *out += FormatString("<section class=\"console\" id=\"console-%zu\">\n<h3>", (size_t)(&console - model.consoles.data()));
     AppendMarkup(out, facts.displayName + " (" + console.name + ")");
     *out += "</h3>\n<p class=\"facts\">";
@@ -149,6 +151,7 @@ void WriteHtml(const DESIGNMODEL& model, const PROBLEMLIST& problems, TEXTSINK* 
     ProblemList(model, problems, &head);
     out->Spill();
 
+    std::vector<KEYROW> rows;  // each console's in turn
     for (const CONSOLEGROUP& group : GroupConsoles(model)) {
         std::string& text = out->Buffer();
         text += "<h2>";
@@ -163,7 +166,7 @@ void WriteHtml(const DESIGNMODEL& model, const PROBLEMLIST& problems, TEXTSINK* 
         }
         ConsoleTable(model, group, &text);
         for (const CONSOLEDESIGN* console : group.consoles) {
-            ConsoleSection(model, *console, &out->Buffer());
+            ConsoleSection(model, *console, &rows, &out->Buffer());
             out->Spill();
         }
     }

@@ -284,14 +284,30 @@ KEYROW MakeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, bool numeri
     return row;
 }
 
+void RefillKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, bool numeric, KEYROW* row)
+{
+    std::string* const texts[] = {&row->caption, &row->function, &row->recordName,
+                                  &row->destination, &row->message, &row->priority,
+                                  &row->trigger, &row->locked, &row->label};
+    for (std::string* text : texts)
+        text->clear();
+    row->mark = MARK_NONE;
+    ReadKeyRow(line, numeric, row);
+    DescribeKeyRow(console, line, row);
+}
+
+void FillKeyRows(const CONSOLEDESIGN& console, std::vector<KEYROW>* rows)
+{
+    rows->resize(console.keys.size() + console.numericKeyRecords.size());
+    size_t at = 0;
+    ForEachKeyLine(console, [&](const KEYLINE& line, bool numeric) {
+        RefillKeyRow(console, line, numeric, &(*rows)[at++]);
+    });
+}
+
 std::vector<KEYROW> KeyRows(const CONSOLEDESIGN& console)
 {
     std::vector<KEYROW> rows;
-    rows.reserve(console.keys.size() + console.numericKeyRecords.size());
-    ForEachKeyLine(console, [&](const KEYLINE& line, bool numeric) {
-        rows.emplace_back();
-        ReadKeyRow(line, numeric, &rows.back());
-        DescribeKeyRow(console, line, &rows.back());
-    });
+    FillKeyRows(console, &rows);
     return rows;
 }

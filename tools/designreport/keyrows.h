@@ -51,6 +51,10 @@ void DescribeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, KEYROW* r
 std::string KeyRowCaption(const CONSOLEDESIGN& console, int slot, bool numeric);
 // The console's configured keys, face and extensions in slot order, then the numeric keys.
 std::vector<KEYROW> KeyRows(const CONSOLEDESIGN& console);
+// The same into rows kept from console to console, so their texts reuse their room.
+void FillKeyRows(const CONSOLEDESIGN& console, std::vector<KEYROW>* rows);
+// MakeKeyRow into a row used before.
+void RefillKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, bool numeric, KEYROW* row);
 // Each key line of the console in the order of KeyRows: visit(line, numeric).
 template <class VISIT>
 void ForEachKeyLine(const CONSOLEDESIGN& console, VISIT visit)
