@@ -4,7 +4,6 @@
 
 #include "labelfit.h"
 #include "reporttext.h"
-#include "../../plugin/console/keygeometry.h"
 
 #include "../../base/text.h"
 #include "../../base/banned.h"
@@ -124,9 +123,32 @@ void LabelBox(std::string* out, const CONSOLEKEYLABEL& box, const std::string& l
 
 }  // namespace
 
+const PICTUREGEOMETRY::TYPEGEOMETRY& PICTUREGEOMETRY::Of(int type)
+{
+    auto found = m_types.find(type);
+    if (found != m_types.end())
+        return found->second;
+    TYPEGEOMETRY& geometry = m_types[type];
+    geometry.keys = ConsoleKeys(type);
+    geometry.labels = ConsoleKeyLabels(type);
+    for (int slot = 0; slot < EXTENSION_SLOT_COUNT; slot++) {
+        geometry.extensionKeys[slot] = ExtensionKeys(type, slot, slot);
+        geometry.extensionLabels[slot] = ExtensionKeyLabels(type, slot, slot);
+    }
+    return geometry;
+}
+
 void AppendConsolePicture(const CONSOLEDESIGN& console, const std::vector<KEYROW>& rows, std::string* out)
 {
+    PICTUREGEOMETRY geometry;
+    AppendConsolePicture(console, rows, &geometry, out);
+}
+
+void AppendConsolePicture(const CONSOLEDESIGN& console, const std::vector<KEYROW>& rows, PICTUREGEOMETRY* geometry,
+                          std::string* out)
+{
     const int type = console.model;
+    const PICTUREGEOMETRY::TYPEGEOMETRY& shapes = geometry->Of(type);
     const KEYROW* bySlot[REPORT_KEY_SLOTS] = {};
     for (const KEYROW& row : rows)
         if (!row.numeric && row.slot >= 0 && row.slot < REPORT_KEY_SLOTS)
@@ -141,7 +163,7 @@ void AppendConsolePicture(const CONSOLEDESIGN& console, const std::vector<KEYROW
     };
 
     const PICTUREFRAME frame = PictureFrameOf(type);
-    const std::vector<CONSOLEKEY> keys = ConsoleKeys(type);
+    const std::vector<CONSOLEKEY>& keys = shapes.keys;
     BOUNDS bounds;
     const IMAGESIZE face = ImageSizeOf(frame.picture);
     bounds.Add(frame.leftMargin, frame.pictureTop, face.width, face.height);
@@ -173,16 +195,18 @@ void AppendConsolePicture(const CONSOLEDESIGN& console, const std::vector<KEYROW
     Picture(out, frame.picture, frame.leftMargin, frame.pictureTop, IsBoardView(type));
     for (const CONSOLEKEY& key : keys)
         Key(out, key, rowOf(key.id), PictureCaption(key.id));
-    for (const CONSOLEKEYLABEL& box : ConsoleKeyLabels(type))
+    for (const CONSOLEKEYLABEL& box : shapes.labels)
         LabelBox(out, box, labelOf(box.key));
     // The extensions stand right of the console in slot order.
     for (int slot = 0; slot < console.extensions; slot++) {
         int x = 0, y = 0;
         ExtensionStripOrigin(type, slot, &x, &y);
         Picture(out, ExtensionPicture(type), x, y, false);
-        for (const CONSOLEKEY& key : ExtensionKeys(type, slot, slot))
+        if (slot >= EXTENSION_SLOT_COUNT)
+            continue;  // a strip without keys
+        for (const CONSOLEKEY& key : shapes.extensionKeys[slot])
             Key(out, key, rowOf(key.id), std::to_string((key.id - EXTENSION_FIRST_KEY) % EXTENSION_KEY_COUNT + 1));
-        for (const CONSOLEKEYLABEL& box : ExtensionKeyLabels(type, slot, slot))
+        for (const CONSOLEKEYLABEL& box : shapes.extensionLabels[slot])
             LabelBox(out, box, labelOf(box.key));
     }
     *out += "</svg>\n";

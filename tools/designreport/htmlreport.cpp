@@ -116,7 +116,7 @@ void KeyTable(const std::vector<KEYROW>& rows, std::string* out)
 }
 
 void ConsoleSection(const DESIGNMODEL& model, const CONSOLEDESIGN& console, std::vector<KEYROW>* keptRows,
-                    std::string* out)
+                    PICTUREGEOMETRY* geometry, std::string* out)
 {
     const CONSOLEFACTS facts = FactsOf(model, console);
     FillKeyRows(console, keptRows);
@@ -127,7 +127,7 @@ void ConsoleSection(const DESIGNMODEL& model, const CONSOLEDESIGN& console, std:
     AppendMarkup(out, "Type " + facts.type + ", address " + facts.address + ", connection " + facts.connection +
                           ", extensions: " + facts.extensions + ", online at save: " + facts.online);
     *out += "</p>\n";
-    AppendConsolePicture(console, rows, out);
+    AppendConsolePicture(console, rows, geometry, out);
     KeyTable(rows, out);
     *out += "</section>\n";
 }
@@ -152,6 +152,7 @@ void WriteHtml(const DESIGNMODEL& model, const PROBLEMLIST& problems, TEXTSINK* 
     out->Spill();
 
     std::vector<KEYROW> rows;  // each console's in turn
+    PICTUREGEOMETRY geometry;
     for (const CONSOLEGROUP& group : GroupConsoles(model)) {
         std::string& text = out->Buffer();
         text += "<h2>";
@@ -166,7 +167,7 @@ void WriteHtml(const DESIGNMODEL& model, const PROBLEMLIST& problems, TEXTSINK* 
         }
         ConsoleTable(model, group, &text);
         for (const CONSOLEDESIGN* console : group.consoles) {
-            ConsoleSection(model, *console, &rows, &out->Buffer());
+            ConsoleSection(model, *console, &rows, &geometry, &out->Buffer());
             out->Spill();
         }
     }

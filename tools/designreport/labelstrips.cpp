@@ -26,8 +26,26 @@ const double kSmallestFont = 1.2;  // millimetres, about 3.4 points
 
 struct BLOCK {
     std::string caption;
-    std::vector<CONSOLEKEYLABEL> boxes;
+    const std::vector<CONSOLEKEYLABEL>* boxes;  // kept by BOXES
     const CONSOLEDESIGN* console;
+};
+
+// The label boxes of a type's face (slot -1) or of its extension in a slot,
+// drawn at the first position; made once for each.
+class BOXES {
+public:
+    const std::vector<CONSOLEKEYLABEL>* Of(int type, int slot)
+    {
+        auto found = m_boxes.find(std::make_pair(type, slot));
+        if (found != m_boxes.end())
+            return &found->second;
+        std::vector<CONSOLEKEYLABEL>& boxes = m_boxes[std::make_pair(type, slot)];
+        boxes = slot < 0 ? ConsoleKeyLabels(type) : ExtensionKeyLabels(type, slot, 0);
+        return &boxes;
+    }
+
+private:
+    std::map<std::pair<int, int>, std::vector<CONSOLEKEYLABEL>> m_boxes;
 };
 
 struct PLACEMENT {
@@ -138,17 +156,17 @@ void Extent(const std::vector<CONSOLEKEYLABEL>& boxes, float* left, float* top, 
     }
 }
 
-std::vector<BLOCK> Blocks(const DESIGNMODEL& model)
+std::vector<BLOCK> Blocks(const DESIGNMODEL& model, BOXES* boxes)
 {
     std::vector<BLOCK> blocks;
     for (const CONSOLEGROUP& group : GroupConsoles(model)) {
         for (const CONSOLEDESIGN* console : group.consoles) {
             const std::string shown = FactsOf(model, *console).displayName;
             const std::string name = shown == console->name ? shown : shown + " (" + console->name + ")";
-            blocks.push_back(BLOCK{name + " - console", ConsoleKeyLabels(console->model), console});
+            blocks.push_back(BLOCK{name + " - console", boxes->Of(console->model, -1), console});
             for (int slot = 0; slot < console->extensions; slot++)
                 blocks.push_back(BLOCK{name + FormatString(" - extension %d", slot + 1),
-                                       ExtensionKeyLabels(console->model, slot, 0), console});
+                                       boxes->Of(console->model, slot), console});
         }
     }
     return blocks;
@@ -178,12 +196,13 @@ bool ParseLabelSize(const char* text, LABELSIZE* size)
 void WriteLabelStrips(const DESIGNMODEL& model, const LABELSIZE& size, TEXTSINK* out)
 {
     const double scaleX = size.width / kBoxWidthPixels, scaleY = size.height / kBoxHeightPixels;
-    const std::vector<BLOCK> blocks = Blocks(model);
+    BOXES boxes;
+    const std::vector<BLOCK> blocks = Blocks(model, &boxes);
     // The page is as wide as the widest block and as long as all of them.
     double pageWidth = 2 * kPageMargin + 60, pageHeight = 2 * kPageMargin;
     for (const BLOCK& block : blocks) {
         float left, top, right, bottom;
-        Extent(block.boxes, &left, &top, &right, &bottom);
+        Extent(*block.boxes, &left, &top, &right, &bottom);
         pageWidth = std::max(pageWidth, 2 * kPageMargin + (right - left) * scaleX);
         pageHeight += kCaptionHeight + (bottom - top) * scaleY + kBlockGap;
     }
@@ -202,7 +221,7 @@ void WriteLabelStrips(const DESIGNMODEL& model, const LABELSIZE& size, TEXTSINK*
     std::map<std::string, bool> defined;
     head += "<defs>\n";
     for (const BLOCK& block : blocks) {
-        for (const CONSOLEKEYLABEL& box : block.boxes) {
+        for (const CONSOLEKEYLABEL& box : *block.boxes) {
             WINDOWIDS::ENTRY& window = windowIds.Of(box);
             if (window.defined)
                 continue;
@@ -217,7 +236,7 @@ void WriteLabelStrips(const DESIGNMODEL& model, const LABELSIZE& size, TEXTSINK*
     for (const BLOCK& block : blocks) {
         std::string& text = out->Buffer();
         float left, top, right, bottom;
-        Extent(block.boxes, &left, &top, &right, &bottom);
+        Extent(*block.boxes, &left, &top, &right, &bottom);
         text += "<text class=\"caption\"";
         AppendAttribute(&text, "x", kPageMargin);
         AppendAttribute(&text, "y", y + 3.5);
@@ -225,7 +244,7 @@ void WriteLabelStrips(const DESIGNMODEL& model, const LABELSIZE& size, TEXTSINK*
         AppendMarkup(&text, block.caption);
         text += "</text>\n";
         const PLACEMENT place = {scaleX, scaleY, kPageMargin, y + kCaptionHeight, left, top};
-        for (const CONSOLEKEYLABEL& box : block.boxes) {
+        for (const CONSOLEKEYLABEL& box : *block.boxes) {
             const KEYLINE* label = block.console->Label(box.key);
             Label(&text, place, box, windowIds.Of(box).id, label ? label->record.text : noLabel);
         }
