@@ -134,29 +134,28 @@ size_t FormatNumber(char* text, double value)
     const double scaled = value * 100.0;
     // Most numbers are whole pixels, already whole hundredths.
     const long long hundredths = scaled == (double)(long long)scaled ? (long long)scaled : llround(scaled);
-    char digits[NUMBER_TEXT_SIZE];
-    char* const end = digits + sizeof digits;
-    char* p = end;
-    unsigned long long magnitude = hundredths < 0 ? 0ULL - (unsigned long long)hundredths
-                                                  : (unsigned long long)hundredths;
-    const int fraction = (int)(magnitude % 100);
-    if (fraction) {
-        if (fraction % 10)
-            *--p = (char)('0' + fraction % 10);
-        *--p = (char)('0' + fraction / 10);
-        *--p = '.';
-    }
-    magnitude /= 100;
-    do {
-        *--p = (char)('0' + magnitude % 10);
-        magnitude /= 10;
-    } while (magnitude);
+    const unsigned long long magnitude = hundredths < 0 ? 0ULL - (unsigned long long)hundredths
+                                                        : (unsigned long long)hundredths;
+    size_t length = 0;
     if (hundredths < 0)
-        *--p = '-';
-    if (end - p == 2 && p[0] == '-' && p[1] == '0')
-        p++;  // no "-0"
-    const size_t length = (size_t)(end - p);
-    memcpy(text, p, length);
+        text[length++] = '-';  // never "-0": a negative number has some hundredths
+    // The whole part left to right, its digits counted first.
+    unsigned long long whole = magnitude / 100;
+    size_t digits = 1;
+    for (unsigned long long rest = whole; rest >= 10; rest /= 10)
+        digits++;
+    for (size_t i = digits; i-- > 0;) {
+        text[length + i] = (char)('0' + whole % 10);
+        whole /= 10;
+    }
+    length += digits;
+    const unsigned fraction = (unsigned)(magnitude % 100);
+    if (fraction) {
+        text[length++] = '.';
+        text[length++] = (char)('0' + fraction / 10);
+        if (fraction % 10)
+            text[length++] = (char)('0' + fraction % 10);
+    }
     return length;
 }
 
