@@ -1,5 +1,7 @@
 #include "consolepicture.h"
 
+#include <string.h>
+
 #include <algorithm>
 
 #include "labelfit.h"
@@ -45,14 +47,16 @@ void KeySize(const CONSOLEKEY& key, int* width, int* height)
 void Picture(std::string* out, int image, int x, int y, bool board)
 {
     const IMAGESIZE size = ImageSizeOf(image);
-    *out += "<rect";
-    AppendAttribute(out, "x", x);
-    AppendAttribute(out, "y", y);
-    AppendAttribute(out, "width", size.width);
-    AppendAttribute(out, "height", size.height);
-    *out += " rx=\"10\" fill=\"";
-    *out += board ? "#339966" : "#c8c8c8";
-    *out += "\" stroke=\"#666\"/>\n";
+    MARKUPPIECE piece(out);
+    piece.Put("<rect");
+    piece.Attribute("x", x);
+    piece.Attribute("y", y);
+    piece.Attribute("width", size.width);
+    piece.Attribute("height", size.height);
+    piece.Put(" rx=\"10\" fill=\"");
+    const char* const fill = board ? "#339966" : "#c8c8c8";
+    piece.Put(fill, strlen(fill));
+    piece.Put("\" stroke=\"#666\"/>\n");
 }
 
 // What the picture writes on a key: short, as the key's own print.
@@ -70,55 +74,58 @@ void Key(std::string* out, const CONSOLEKEY& key, const KEYROW* row, const std::
 {
     int width = 0, height = 0;
     KeySize(key, &width, &height);
-    *out += "<g><title>";
-    AppendMarkup(out, KeyCaption(key.id));
-    *out += ": ";
+    MARKUPPIECE piece(out);
+    piece.Put("<g><title>");
+    piece.Markup(KeyCaption(key.id));
+    piece.Put(": ");
     if (row) {
-        AppendMarkup(out, row->function);
+        piece.Markup(row->function);
         if (!row->destination.empty()) {
-            *out += " - ";
-            AppendMarkup(out, row->destination);
+            piece.Put(" - ");
+            piece.Markup(row->destination);
         }
     } else {
-        *out += "not configured";
+        piece.Put("not configured");
     }
-    *out += "</title><rect";
-    AppendAttribute(out, "x", key.left);
-    AppendAttribute(out, "y", key.top);
-    AppendAttribute(out, "width", width);
-    AppendAttribute(out, "height", height);
-    *out += " rx=\"3\" fill=\"";
-    *out += KeyFill(row);
-    *out += "\" stroke=\"#444\"/>";
+    piece.Put("</title><rect");
+    piece.Attribute("x", key.left);
+    piece.Attribute("y", key.top);
+    piece.Attribute("width", width);
+    piece.Attribute("height", height);
+    piece.Put(" rx=\"3\" fill=\"");
+    const char* const fill = KeyFill(row);
+    piece.Put(fill, strlen(fill));
+    piece.Put("\" stroke=\"#444\"/>");
     const TEXTFIT fit = FitTextSize(caption, width - 4, 9, 5);
-    *out += "<text";
-    AppendAttribute(out, "x", key.left + width / 2.0);
-    AppendAttribute(out, "y", key.top + height / 2.0 + 3);
-    AppendAttribute(out, "font-size", fit.fontSize);
-    *out += " text-anchor=\"middle\">";
-    AppendFittedMarkup(out, caption, fit);
-    *out += "</text></g>\n";
+    piece.Put("<text");
+    piece.Attribute("x", key.left + width / 2.0);
+    piece.Attribute("y", key.top + height / 2.0 + 3);
+    piece.Attribute("font-size", fit.fontSize);
+    piece.Put(" text-anchor=\"middle\">");
+    PutFittedMarkup(&piece, caption, fit);
+    piece.Put("</text></g>\n");
 }
 
 void LabelBox(std::string* out, const CONSOLEKEYLABEL& box, const std::string& label)
 {
-    *out += "<rect";
-    AppendAttribute(out, "x", box.x);
-    AppendAttribute(out, "y", box.y);
-    AppendAttribute(out, "width", box.width);
-    AppendAttribute(out, "height", box.height);
-    *out += " fill=\"#e5e5e5\"/>";
+    MARKUPPIECE piece(out);
+    piece.Put("<rect");
+    piece.Attribute("x", box.x);
+    piece.Attribute("y", box.y);
+    piece.Attribute("width", box.width);
+    piece.Attribute("height", box.height);
+    piece.Put(" fill=\"#e5e5e5\"/>");
     if (!label.empty()) {
         const TEXTFIT fit = FitTextSize(label, box.width - 4, 10.5, 5);
-        *out += "<text";
-        AppendAttribute(out, "x", box.x + 2);
-        AppendAttribute(out, "y", box.y + box.height / 2 + fit.fontSize / 3);
-        AppendAttribute(out, "font-size", fit.fontSize);
-        *out += " fill=\"#494949\">";
-        AppendFittedMarkup(out, label, fit);
-        *out += "</text>";
+        piece.Put("<text");
+        piece.Attribute("x", box.x + 2);
+        piece.Attribute("y", box.y + box.height / 2 + fit.fontSize / 3);
+        piece.Attribute("font-size", fit.fontSize);
+        piece.Put(" fill=\"#494949\">");
+        PutFittedMarkup(&piece, label, fit);
+        piece.Put("</text>");
     }
-    *out += "\n";
+    piece.Put("\n");
 }
 
 }  // namespace

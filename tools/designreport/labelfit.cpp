@@ -81,11 +81,11 @@ FITTEDTEXT FitText(const std::string& text, double width, double largest, double
     return fitted;
 }
 
-void AppendFittedMarkup(std::string* out, const std::string& text, const TEXTFIT& fit)
+void PutFittedMarkup(MARKUPPIECE* piece, const std::string& text, const TEXTFIT& fit)
 {
     if (!fit.cut) {
-        AppendMarkup(out, text);
+        piece->Markup(text);
         return;
     }
-    AppendMarkup(out, text.substr(0, fit.keep) + kCutMark);
+    piece->Markup(text.substr(0, fit.keep) + kCutMark);
 }

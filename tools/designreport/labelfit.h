@@ -30,4 +30,5 @@ struct TEXTFIT {
 };
 TEXTFIT FitTextSize(const std::string& text, double width, double largest, double smallest);
 // The text as FitText leaves it, escaped for markup (see AppendMarkup).
-void AppendFittedMarkup(std::string* out, const std::string& text, const TEXTFIT& fit);
+class MARKUPPIECE;
+void PutFittedMarkup(MARKUPPIECE* piece, const std::string& text, const TEXTFIT& fit);

@@ -123,25 +123,26 @@ void Label(std::string* out, const PLACEMENT& place, const CONSOLEKEYLABEL& box,
     const double x = place.x + (box.x - place.left) * place.scaleX;
     const double y = place.y + (box.y - place.top) * place.scaleY;
     const double width = box.width * place.scaleX, height = box.height * place.scaleY;
-    *out += "<use xlink:href=\"#";
-    *out += windowId;
-    out->push_back('"');
-    AppendAttribute(out, "x", x);
-    AppendAttribute(out, "y", y);
-    *out += "/>";
+    MARKUPPIECE piece(out);
+    piece.Put("<use xlink:href=\"#");
+    piece.Put(windowId.data(), windowId.size());
+    piece.Put("\"");
+    piece.Attribute("x", x);
+    piece.Attribute("y", y);
+    piece.Put("/>");
     if (text.empty()) {
-        *out += "\n";
+        piece.Put("\n");
         return;
     }
     const double room = width - 1.0;
     const TEXTFIT fit = FitTextSize(text, room, height * 0.7, std::min(kSmallestFont, height * 0.7));
-    *out += "<text";
-    AppendAttribute(out, "x", x + width / 2);
-    AppendAttribute(out, "y", y + height / 2 + fit.fontSize * 0.35);
-    AppendAttribute(out, "font-size", fit.fontSize);
-    *out += ">";
-    AppendFittedMarkup(out, text, fit);
-    *out += "</text>\n";
+    piece.Put("<text");
+    piece.Attribute("x", x + width / 2);
+    piece.Attribute("y", y + height / 2 + fit.fontSize * 0.35);
+    piece.Attribute("font-size", fit.fontSize);
+    piece.Put(">");
+    PutFittedMarkup(&piece, text, fit);
+    piece.Put("</text>\n");
 }
 
 void Extent(const std::vector<CONSOLEKEYLABEL>& boxes, float* left, float* top, float* right, float* bottom)

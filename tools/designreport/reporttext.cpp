@@ -71,6 +71,36 @@ void AppendMarkup(std::string* out, const std::string& text)
     }
 }
 
+void MARKUPPIECE::Put(const char* text, size_t length)
+{
+    if (length > sizeof m_text - m_length) {
+        Flush();
+        if (length > sizeof m_text) {
+            m_out->append(text, length);
+            return;
+        }
+    }
+    memcpy(m_text + m_length, text, length);
+    m_length += length;
+}
+
+void MARKUPPIECE::Markup(const std::string& text)
+{
+    // A short text that needs no escape joins the piece as it is.
+    if (text.size() <= sizeof m_text - m_length) {
+        size_t plain = 0;
+        while (plain < text.size() && IsPlainMarkup((unsigned char)text[plain]))
+            plain++;
+        if (plain == text.size()) {
+            memcpy(m_text + m_length, text.data(), text.size());
+            m_length += text.size();
+            return;
+        }
+    }
+    Flush();
+    AppendMarkup(m_out, text);
+}
+
 std::string EscapeMarkup(const std::string& text)
 {
     std::string out;

@@ -43,6 +43,51 @@ void AppendAttribute(std::string* out, const char (&name)[N], double value)
 // A whole number in decimal, as std::to_string writes it.
 void AppendInteger(std::string* out, long long value);
 
+// Short markup put together on the stack and appended to a text at once:
+// the pictures' elements are mostly names and numbers, and appending a whole
+// element costs less than appending each of its pieces.
+class MARKUPPIECE {
+public:
+    explicit MARKUPPIECE(std::string* out) : m_out(out) {}
+    ~MARKUPPIECE() { Flush(); }
+    MARKUPPIECE(const MARKUPPIECE&) = delete;
+    MARKUPPIECE& operator=(const MARKUPPIECE&) = delete;
+
+    template <size_t N>
+    void Put(const char (&text)[N])
+    {
+        Put(text, N - 1);
+    }
+    void Put(const char* text, size_t length);
+    // ` NAME="NUMBER"`
+    template <size_t N>
+    void Attribute(const char (&name)[N], double value)
+    {
+        static_assert(N <= 16, "an attribute's name is short");
+        if (sizeof m_text - m_length < N + NUMBER_TEXT_SIZE + 4)
+            Flush();
+        m_text[m_length++] = ' ';
+        memcpy(m_text + m_length, name, N - 1);
+        m_length += N - 1;
+        m_text[m_length++] = '=';
+        m_text[m_length++] = '"';
+        m_length += FormatNumber(m_text + m_length, value);
+        m_text[m_length++] = '"';
+    }
+    // A design text escaped as AppendMarkup escapes it.
+    void Markup(const std::string& text);
+    void Flush()
+    {
+        m_out->append(m_text, m_length);
+        m_length = 0;
+    }
+
+private:
+    std::string* m_out;
+    char m_text[256];
+    size_t m_length = 0;
+};
+
 // Writes through a buffer to a file, or keeps everything when it has none.
 class TEXTSINK {
 public:
