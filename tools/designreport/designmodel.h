@@ -129,9 +129,10 @@ public:
 
 private:
     void ControlLine(const std::string& parent, const std::string& value);
-    void ObjectLine(const std::string& object, const std::string& keyword, const std::string& value,
+    // The value is the line's own, and a kept record takes it over.
+    void ObjectLine(const std::string& object, const std::string& keyword, std::string&& value,
                     size_t valueLength);
-    void ConsoleLine(CONSOLEDESIGN* console, const std::string& keyword, const std::string& value,
+    void ConsoleLine(CONSOLEDESIGN* console, const std::string& keyword, std::string&& value,
                      size_t valueLength);
     void ControllerLine(CONTROLLERDESIGN* controller, const std::string& keyword, const std::string& value);
 
