@@ -155,10 +155,25 @@ const char* KeyFunctionName(int32_t id)
     return position >= 0 ? kKeyFunctions[position].name : "Types";
 }
 
+namespace {
+
+// Names that start with different ASCII letters, case aside, never compare
+// equal however the library folds case: most of the catalogue is passed over
+// without a call.
+bool FirstLettersDiffer(const char* a, const char* b)
+{
+    const unsigned x = (unsigned char)a[0] | 0x20u, y = (unsigned char)b[0] | 0x20u;
+    return x >= 'a' && x <= 'z' && y >= 'a' && y <= 'z' && x != y;
+}
+
+}  // namespace
+
 int32_t KeyFunctionId(const char* name)
 {
+    if (!name)
+        return KF_EMPTY;
     for (const KEYFUNCTION& function : kKeyFunctions)
-        if (name && strcasecmp(function.name, name) == 0)
+        if (!FirstLettersDiffer(function.name, name) && strcasecmp(function.name, name) == 0)
             return function.id;
     return KF_EMPTY;
 }

@@ -1,11 +1,11 @@
 #include "consolepicture.h"
 
+#include <string.h>
+
 #include <algorithm>
-#include <map>
 
 #include "labelfit.h"
 #include "reporttext.h"
-#include "../../plugin/console/keygeometry.h"
 
 #include "../../base/text.h"
 #include "../../base/banned.h"
@@ -47,9 +47,16 @@ void KeySize(const CONSOLEKEY& key, int* width, int* height)
 void Picture(std::string* out, int image, int x, int y, bool board)
 {
     const IMAGESIZE size = ImageSizeOf(image);
-    *out += "<rect x=\"" + Number(x) + "\" y=\"" + Number(y) + "\" width=\"" + Number(size.width) + "\" height=\"" +
-            Number(size.height) + "\" rx=\"10\" fill=\"" + (board ? "#339966" : "#c8c8c8") +
-            "\" stroke=\"#666\"/>\n";
+    MARKUPPIECE piece(out);
+    piece.Put("<rect");
+    piece.Attribute("x", x);
+    piece.Attribute("y", y);
+    piece.Attribute("width", size.width);
+    piece.Attribute("height", size.height);
+    piece.Put(" rx=\"10\" fill=\"");
+    const char* const fill = board ? "#339966" : "#c8c8c8";
+    piece.Put(fill, strlen(fill));
+    piece.Put("\" stroke=\"#666\"/>\n");
 }
 
 // What the picture writes on a key: short, as the key's own print.
@@ -67,53 +74,103 @@ void Key(std::string* out, const CONSOLEKEY& key, const KEYROW* row, const std::
 {
     int width = 0, height = 0;
     KeySize(key, &width, &height);
-    *out += "<g><title>";
-    AppendMarkup(out, KeyCaption(key.id) + ": " + (row ? row->function : std::string("not configured")) +
-                          (row && !row->destination.empty() ? " - " + row->destination : std::string()));
-    *out += "</title><rect x=\"" + Number(key.left) + "\" y=\"" + Number(key.top) + "\" width=\"" + Number(width) +
-            "\" height=\"" + Number(height) + "\" rx=\"3\" fill=\"" + KeyFill(row) + "\" stroke=\"#444\"/>";
-    const FITTEDTEXT fitted = FitText(caption, width - 4, 9, 5);
-    *out += "<text x=\"" + Number(key.left + width / 2.0) + "\" y=\"" + Number(key.top + height / 2.0 + 3) +
-            "\" font-size=\"" + Number(fitted.fontSize) + "\" text-anchor=\"middle\">";
-    AppendMarkup(out, fitted.text);
-    *out += "</text></g>\n";
+    MARKUPPIECE piece(out);
+    piece.Put("<g><title>");
+    piece.Markup(KeyCaption(key.id));
+    piece.Put(": ");
+    if (row) {
+        piece.Markup(row->function);
+        if (!row->destination.empty()) {
+            piece.Put(" - ");
+            piece.Markup(row->destination);
+        }
+    } else {
+        piece.Put("not configured");
+    }
+    piece.Put("</title><rect");
+    piece.Attribute("x", key.left);
+    piece.Attribute("y", key.top);
+    piece.Attribute("width", width);
+    piece.Attribute("height", height);
+    piece.Put(" rx=\"3\" fill=\"");
+    const char* const fill = KeyFill(row);
+    piece.Put(fill, strlen(fill));
+    piece.Put("\" stroke=\"#444\"/>");
+    const TEXTFIT fit = FitTextSize(caption, width - 4, 9, 5);
+    piece.Put("<text");
+    piece.Attribute("x", key.left + width / 2.0);
+    piece.Attribute("y", key.top + height / 2.0 + 3);
+    piece.Attribute("font-size", fit.fontSize);
+    piece.Put(" text-anchor=\"middle\">");
+    PutFittedMarkup(&piece, caption, fit);
+    piece.Put("</text></g>\n");
 }
 
 void LabelBox(std::string* out, const CONSOLEKEYLABEL& box, const std::string& label)
 {
-    *out += "<rect x=\"" + Number(box.x) + "\" y=\"" + Number(box.y) + "\" width=\"" + Number(box.width) +
-            "\" height=\"" + Number(box.height) + "\" fill=\"#e5e5e5\"/>";
+    MARKUPPIECE piece(out);
+    piece.Put("<rect");
+    piece.Attribute("x", box.x);
+    piece.Attribute("y", box.y);
+    piece.Attribute("width", box.width);
+    piece.Attribute("height", box.height);
+    piece.Put(" fill=\"#e5e5e5\"/>");
     if (!label.empty()) {
-        const FITTEDTEXT fitted = FitText(label, box.width - 4, 10.5, 5);
-        *out += "<text x=\"" + Number(box.x + 2) + "\" y=\"" + Number(box.y + box.height / 2 + fitted.fontSize / 3) +
-                "\" font-size=\"" + Number(fitted.fontSize) + "\" fill=\"#494949\"";
-        *out += ">";
-        AppendMarkup(out, fitted.text);
-        *out += "</text>";
+        const TEXTFIT fit = FitTextSize(label, box.width - 4, 10.5, 5);
+        piece.Put("<text");
+        piece.Attribute("x", box.x + 2);
+        piece.Attribute("y", box.y + box.height / 2 + fit.fontSize / 3);
+        piece.Attribute("font-size", fit.fontSize);
+        piece.Put(" fill=\"#494949\">");
+        PutFittedMarkup(&piece, label, fit);
+        piece.Put("</text>");
     }
-    *out += "\n";
+    piece.Put("\n");
 }
 
 }  // namespace
 
+const PICTUREGEOMETRY::TYPEGEOMETRY& PICTUREGEOMETRY::Of(int type)
+{
+    auto found = m_types.find(type);
+    if (found != m_types.end())
+        return found->second;
+    TYPEGEOMETRY& geometry = m_types[type];
+    geometry.keys = ConsoleKeys(type);
+    geometry.labels = ConsoleKeyLabels(type);
+    for (int slot = 0; slot < EXTENSION_SLOT_COUNT; slot++) {
+        geometry.extensionKeys[slot] = ExtensionKeys(type, slot, slot);
+        geometry.extensionLabels[slot] = ExtensionKeyLabels(type, slot, slot);
+    }
+    return geometry;
+}
+
 void AppendConsolePicture(const CONSOLEDESIGN& console, const std::vector<KEYROW>& rows, std::string* out)
 {
+    PICTUREGEOMETRY geometry;
+    AppendConsolePicture(console, rows, &geometry, out);
+}
+
+void AppendConsolePicture(const CONSOLEDESIGN& console, const std::vector<KEYROW>& rows, PICTUREGEOMETRY* geometry,
+                          std::string* out)
+{
     const int type = console.model;
-    std::map<int, const KEYROW*> bySlot;
+    const PICTUREGEOMETRY::TYPEGEOMETRY& shapes = geometry->Of(type);
+    const KEYROW* bySlot[REPORT_KEY_SLOTS] = {};
     for (const KEYROW& row : rows)
-        if (!row.numeric)
+        if (!row.numeric && row.slot >= 0 && row.slot < REPORT_KEY_SLOTS)
             bySlot[row.slot] = &row;
     auto rowOf = [&bySlot](int slot) -> const KEYROW* {
-        auto found = bySlot.find(slot);
-        return found == bySlot.end() ? nullptr : found->second;
+        return slot >= 0 && slot < REPORT_KEY_SLOTS ? bySlot[slot] : nullptr;
     };
-    auto labelOf = [&console](int slot) {
+    const std::string noLabel;
+    auto labelOf = [&console, &noLabel](int slot) -> const std::string& {
         const KEYLINE* label = console.Label(slot);
-        return label ? label->record.text : std::string();
+        return label ? label->record.text : noLabel;
     };
 
     const PICTUREFRAME frame = PictureFrameOf(type);
-    const std::vector<CONSOLEKEY> keys = ConsoleKeys(type);
+    const std::vector<CONSOLEKEY>& keys = shapes.keys;
     BOUNDS bounds;
     const IMAGESIZE face = ImageSizeOf(frame.picture);
     bounds.Add(frame.leftMargin, frame.pictureTop, face.width, face.height);
@@ -130,24 +187,33 @@ void AppendConsolePicture(const CONSOLEDESIGN& console, const std::vector<KEYROW
     }
 
     const int margin = 4;
-    *out += "<svg xmlns=\"http://www.w3.org/2000/svg\" class=\"picture\" width=\"" +
-            Number(bounds.right - bounds.left + 2 * margin) + "\" height=\"" +
-            Number(bounds.bottom - bounds.top + 2 * margin) + "\" viewBox=\"" + Number(bounds.left - margin) + " " +
-            Number(bounds.top - margin) + " " + Number(bounds.right - bounds.left + 2 * margin) + " " +
-            Number(bounds.bottom - bounds.top + 2 * margin) + "\" font-family=\"Arial, sans-serif\">\n";
+    *out += "<svg xmlns=\"http://www.w3.org/2000/svg\" class=\"picture\"";
+    AppendAttribute(out, "width", bounds.right - bounds.left + 2 * margin);
+    AppendAttribute(out, "height", bounds.bottom - bounds.top + 2 * margin);
+    *out += " viewBox=\"";
+    AppendNumber(out, bounds.left - margin);
+    out->push_back(' ');
+    AppendNumber(out, bounds.top - margin);
+    out->push_back(' ');
+    AppendNumber(out, bounds.right - bounds.left + 2 * margin);
+    out->push_back(' ');
+    AppendNumber(out, bounds.bottom - bounds.top + 2 * margin);
+    *out += "\" font-family=\"Arial, sans-serif\">\n";
     Picture(out, frame.picture, frame.leftMargin, frame.pictureTop, IsBoardView(type));
     for (const CONSOLEKEY& key : keys)
         Key(out, key, rowOf(key.id), PictureCaption(key.id));
-    for (const CONSOLEKEYLABEL& box : ConsoleKeyLabels(type))
+    for (const CONSOLEKEYLABEL& box : shapes.labels)
         LabelBox(out, box, labelOf(box.key));
     // The extensions stand right of the console in slot order.
     for (int slot = 0; slot < console.extensions; slot++) {
         int x = 0, y = 0;
         ExtensionStripOrigin(type, slot, &x, &y);
         Picture(out, ExtensionPicture(type), x, y, false);
-        for (const CONSOLEKEY& key : ExtensionKeys(type, slot, slot))
+        if (slot >= EXTENSION_SLOT_COUNT)
+            continue;  // a strip without keys
+        for (const CONSOLEKEY& key : shapes.extensionKeys[slot])
             Key(out, key, rowOf(key.id), std::to_string((key.id - EXTENSION_FIRST_KEY) % EXTENSION_KEY_COUNT + 1));
-        for (const CONSOLEKEYLABEL& box : ExtensionKeyLabels(type, slot, slot))
+        for (const CONSOLEKEYLABEL& box : shapes.extensionLabels[slot])
             LabelBox(out, box, labelOf(box.key));
     }
     *out += "</svg>\n";

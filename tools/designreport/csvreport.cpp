@@ -15,10 +15,10 @@ const char* MarkText(KEYMARK mark)
     return mark == MARK_ALARM ? "alarm" : mark == MARK_EVAC ? "EVAC" : "";
 }
 
-void Field(std::string* out, const std::string& text, bool last = false)
+void Field(std::string* out, const std::string& text)
 {
-    *out += CsvField(text);
-    *out += last ? "\r\n" : ",";
+    AppendCsvField(out, text);
+    out->push_back(',');
 }
 
 }  // namespace
@@ -26,17 +26,27 @@ void Field(std::string* out, const std::string& text, bool last = false)
 void WriteCsv(const DESIGNMODEL& model, TEXTSINK* out)
 {
     out->Buffer() += kHeader;
+    std::string prefix;  // the fields every row of a console starts with
+    KEYROW row;          // each key's in turn
     for (const CONSOLEGROUP& group : GroupConsoles(model)) {
         const std::string controller = group.controller ? group.controller->name : std::string();
         for (const CONSOLEDESIGN* console : group.consoles) {
             const CONSOLEFACTS facts = FactsOf(model, *console);
+            prefix.clear();
+            Field(&prefix, controller);
+            Field(&prefix, console->name);
+            Field(&prefix, facts.displayName);
             std::string& text = out->Buffer();
-            for (const KEYROW& row : KeyRows(*console)) {
-                Field(&text, controller);
-                Field(&text, console->name);
-                Field(&text, facts.displayName);
+            ForEachKeyLine(*console, [&](const KEYLINE& line, bool numeric) {
+                RefillKeyRow(*console, line, numeric, &row);
+                text += prefix;
                 Field(&text, row.caption);
-                Field(&text, row.numeric ? KeyKeyword(row) : std::to_string(row.slot));
+                if (row.numeric) {
+                    Field(&text, KeyKeyword(row));
+                } else {
+                    AppendInteger(&text, row.slot);
+                    text.push_back(',');
+                }
                 Field(&text, row.function);
                 Field(&text, row.destination);
                 Field(&text, row.message);
@@ -44,9 +54,11 @@ void WriteCsv(const DESIGNMODEL& model, TEXTSINK* out)
                 Field(&text, row.trigger);
                 Field(&text, row.locked);
                 Field(&text, row.label);
-                Field(&text, MarkText(row.mark));
-                Field(&text, std::to_string(row.line), true);
-            }
+                text += MarkText(row.mark);  // plain words
+                text.push_back(',');
+                AppendInteger(&text, row.line);
+                text += "\r\n";
+            });
             out->Spill();
         }
     }

@@ -22,7 +22,8 @@ struct KEYCHECK {
 
     void Report(const KEYROW& row, PROBLEMKIND kind, const std::string& text) const
     {
-        problems->Add(row.line, kind, console.name, KeyKeyword(row) + " (\"" + row.caption + "\"): " + text);
+        problems->Add(row.line, kind, console.name,
+                      KeyKeyword(row) + " (\"" + KeyRowCaption(console, row.slot, row.numeric) + "\"): " + text);
     }
 
     // The controller's list of a kind, when the design carries it.
@@ -38,7 +39,8 @@ struct KEYCHECK {
             return;
         const char* what = kind == DEST_ZONE ? "zone" : "group";
         if (!row.key.text1[0]) {
-            Report(row, PROBLEM_NO_DESTINATION, FormatString("%s without a %s", row.function.c_str(), what));
+            Report(row, PROBLEM_NO_DESTINATION,
+                   FormatString("%s without a %s", KeyFunctionName(row.key.functionId), what));
             return;
         }
         const OFFERLIST* list = Offered(kind == DEST_ZONE ? OFFER_ZONES : OFFER_GROUPS);
@@ -56,13 +58,12 @@ struct KEYCHECK {
 
     void Messages(const KEYROW& row) const
     {
-        std::vector<std::string> messages;
         const OFFERLIST* list = Offered(OFFER_MESSAGES);
-        if (!list || !CarriesMessage(row.key, &messages))
-            return;
-        for (const std::string& message : messages)
-            if (!list->Has(message))
-                Report(row, PROBLEM_MESSAGE, FormatString("message \"%s\" is not offered by %s", message.c_str(),
+        const char* messages[2];
+        const int count = list ? KeyMessages(row.key, messages) : 0;
+        for (int i = 0; i < count; i++)
+            if (!list->Has(messages[i]))
+                Report(row, PROBLEM_MESSAGE, FormatString("message \"%s\" is not offered by %s", messages[i],
                                                           controller->name.c_str()));
     }
 
@@ -84,12 +85,14 @@ struct KEYCHECK {
                                                     controller->name.c_str()));
     }
 
-    void Function(const KEYROW& row) const
+    void Function(const KEYROW& row, const KEYLINE& line) const
     {
-        if (row.key.functionId == KF_EMPTY && !row.recordName.empty() &&
-            strcasecmp_ascii(row.recordName, "Empty") != 0)
+        if (row.key.functionId != KF_EMPTY)
+            return;
+        const std::string recordName = line.record.text.substr(0, line.record.text.find(','));
+        if (!recordName.empty() && strcasecmp_ascii(recordName, "Empty") != 0)
             Report(row, PROBLEM_UNKNOWN_FUNCTION,
-                   FormatString("function \"%s\" is unknown, the key reads as \"Empty\"", row.recordName.c_str()));
+                   FormatString("function \"%s\" is unknown, the key reads as \"Empty\"", recordName.c_str()));
     }
 
     void Place(const KEYROW& row) const
@@ -128,8 +131,10 @@ void CheckKeys(const DESIGNMODEL& model, const CONSOLEDESIGN& console, PROBLEMLI
 {
     const KEYCHECK check = {model, console, model.FindController(console.Controller()), problems};
     int protects = 0, indicatorTests = 0;
-    for (const KEYROW& row : KeyRows(console)) {
-        check.Function(row);
+    // The checks read the keys' records; a key's texts are made only for a problem found.
+    ForEachKeyLine(console, [&](const KEYLINE& line, bool numeric) {
+        const KEYROW row = KeyOfRow(line, numeric);
+        check.Function(row, line);
         check.Place(row);
         check.Destination(row);
         check.Messages(row);
@@ -139,7 +144,7 @@ void CheckKeys(const DESIGNMODEL& model, const CONSOLEDESIGN& console, PROBLEMLI
             check.Report(row, PROBLEM_SECOND_PROTECT, "a second \"Protect\" key");
         if (row.key.functionId == KF_INDICATOR_TEST && ++indicatorTests == 2)
             check.Report(row, PROBLEM_SECOND_INDICATOR_TEST, "a second \"Indicator Test\" key");
-    }
+    });
 }
 
 void CheckLabels(const CONSOLEDESIGN& console, PROBLEMLIST* problems)

@@ -49,6 +49,19 @@ LINEVALUE Kept(const std::string& value, size_t length, int line)
     return kept;
 }
 
+// The same taking the value over.
+LINEVALUE Kept(std::string&& value, size_t length, int line)
+{
+    LINEVALUE kept;
+    if (value.size() > REPORT_KEPT_TEXT)
+        kept.text = value.substr(0, REPORT_KEPT_TEXT);
+    else
+        kept.text = std::move(value);
+    kept.length = length;
+    kept.line = line;
+    return kept;
+}
+
 // "PREFIX" followed by exactly `digits` decimal digits; -1 otherwise.
 int NumberAfter(const std::string& keyword, const char* prefix, size_t digitsMin, size_t digitsMax)
 {
@@ -68,6 +81,13 @@ int NumberAfter(const std::string& keyword, const char* prefix, size_t digitsMin
 // Keeps a slot's value in slot order; an empty value drops the slot.
 void StoreSlot(std::vector<KEYLINE>* slots, int slot, LINEVALUE value, bool keep)
 {
+    if (keep && (slots->empty() || slots->back().slot < slot)) {
+        // A saved design lists the slots in order: each goes last.
+        slots->emplace_back();
+        slots->back().slot = slot;
+        slots->back().record = std::move(value);
+        return;
+    }
     auto at = std::lower_bound(slots->begin(), slots->end(), slot,
                                [](const KEYLINE& line, int wanted) { return line.slot < wanted; });
     const bool found = at != slots->end() && at->slot == slot;
@@ -162,7 +182,7 @@ void DESIGNREADER::LongLine(size_t length)
 void DESIGNREADER::Line(const char* text, size_t length)
 {
     const int number = ++m_model->lines;
-    const DESIGNLINE line = SplitDesignLine(text, length);
+    DESIGNLINE line = SplitDesignLine(text, length);
     switch (line.kind) {
     case DESIGNLINE_EMPTY:
     case DESIGNLINE_HOST:
@@ -170,9 +190,11 @@ void DESIGNREADER::Line(const char* text, size_t length)
     case DESIGNLINE_CONTROL:
         ControlLine(line.object, line.value);
         return;
-    case DESIGNLINE_OBJECT:
-        ObjectLine(line.object, line.keyword, line.value, line.value.size());
+    case DESIGNLINE_OBJECT: {
+        const size_t valueLength = line.value.size();
+        ObjectLine(line.object, line.keyword, std::move(line.value), valueLength);
         return;
+    }
     case DESIGNLINE_MALFORMED:
         break;
     }
@@ -203,6 +225,9 @@ void DESIGNREADER::ControlLine(const std::string& parent, const std::string& val
         m_model->lineProblems.Add(number, PROBLEM_LINE, name, "Object exists already");
         return;
     }
+    // Adding an object may move the others in memory.
+    m_lastConsole = nullptr;
+    m_lastController = nullptr;
     if (spec.className == kConsoleClass) {
         CONSOLEDESIGN console;
         console.name = name;
@@ -222,17 +247,30 @@ void DESIGNREADER::ControlLine(const std::string& parent, const std::string& val
     }
 }
 
-void DESIGNREADER::ObjectLine(const std::string& object, const std::string& keyword, const std::string& value,
+void DESIGNREADER::ObjectLine(const std::string& object, const std::string& keyword, std::string&& value,
                               size_t valueLength)
 {
+    if ((m_lastConsole || m_lastController) && object == m_lastObject) {
+        if (m_lastConsole)
+            ConsoleLine(m_lastConsole, keyword, std::move(value), valueLength);
+        else
+            ControllerLine(m_lastController, keyword, value);
+        return;
+    }
     auto console = m_model->consoleIndex.find(object);
     if (console != m_model->consoleIndex.end()) {
-        ConsoleLine(&m_model->consoles[console->second], keyword, value, valueLength);
+        m_lastObject = object;
+        m_lastConsole = &m_model->consoles[console->second];
+        m_lastController = nullptr;
+        ConsoleLine(m_lastConsole, keyword, std::move(value), valueLength);
         return;
     }
     auto controller = m_model->controllerIndex.find(object);
     if (controller != m_model->controllerIndex.end()) {
-        ControllerLine(&m_model->controllers[controller->second], keyword, value);
+        m_lastObject = object;
+        m_lastConsole = nullptr;
+        m_lastController = &m_model->controllers[controller->second];
+        ControllerLine(m_lastController, keyword, value);
         return;
     }
     if (m_refused.count(object))
@@ -241,23 +279,26 @@ void DESIGNREADER::ObjectLine(const std::string& object, const std::string& keyw
         m_model->lineProblems.Add(m_model->lines, PROBLEM_LINE, object, "Unknown object");
 }
 
-void DESIGNREADER::ConsoleLine(CONSOLEDESIGN* console, const std::string& keyword, const std::string& value,
+void DESIGNREADER::ConsoleLine(CONSOLEDESIGN* console, const std::string& keyword, std::string&& value,
                                size_t valueLength)
 {
     const int number = m_model->lines;
     int slot = NumberAfter(keyword, "key", 3, 3);
     if (slot >= 0 && slot < REPORT_KEY_SLOTS) {
-        StoreSlot(&console->keys, slot, Kept(value, valueLength, number), !IsEmptyRecord(value));
+        const bool keep = !IsEmptyRecord(value);
+        StoreSlot(&console->keys, slot, Kept(std::move(value), valueLength, number), keep);
         return;
     }
     slot = NumberAfter(keyword, "keylabel", 3, 3);
     if (slot >= 0 && slot < REPORT_KEY_SLOTS) {
-        StoreSlot(&console->labels, slot, Kept(value, valueLength, number), !value.empty());
+        const bool keep = !value.empty();
+        StoreSlot(&console->labels, slot, Kept(std::move(value), valueLength, number), keep);
         return;
     }
     slot = NumberAfter(keyword, "NumericKey", 1, 2);
     if (slot >= 0 && slot < REPORT_NUMERIC_KEYS) {
-        StoreSlot(&console->numericKeyRecords, slot, Kept(value, valueLength, number), !IsEmptyRecord(value));
+        const bool keep = !IsEmptyRecord(value);
+        StoreSlot(&console->numericKeyRecords, slot, Kept(std::move(value), valueLength, number), keep);
         return;
     }
     if (keyword.size() == 18 && keyword.compare(0, 4, "key0") == 0 && keyword.compare(7, 11, "OptionState") == 0) {

@@ -129,13 +129,18 @@ public:
 
 private:
     void ControlLine(const std::string& parent, const std::string& value);
-    void ObjectLine(const std::string& object, const std::string& keyword, const std::string& value,
+    // The value is the line's own, and a kept record takes it over.
+    void ObjectLine(const std::string& object, const std::string& keyword, std::string&& value,
                     size_t valueLength);
-    void ConsoleLine(CONSOLEDESIGN* console, const std::string& keyword, const std::string& value,
+    void ConsoleLine(CONSOLEDESIGN* console, const std::string& keyword, std::string&& value,
                      size_t valueLength);
     void ControllerLine(CONTROLLERDESIGN* controller, const std::string& keyword, const std::string& value);
 
     DESIGNMODEL* m_model;
+    // The object of the last object line found, as its lines come together.
+    std::string m_lastObject;
+    CONSOLEDESIGN* m_lastConsole = nullptr;
+    CONTROLLERDESIGN* m_lastController = nullptr;
     std::map<std::string, bool> m_refused;  // objects whose control line was refused
     std::map<std::string, bool> m_others;   // objects of other classes
 };

@@ -33,6 +33,13 @@ void Cell(std::string* out, const std::string& text)
     *out += "</td>";
 }
 
+void PieceCell(MARKUPPIECE* piece, const std::string& text)
+{
+    piece->Put("<td>");
+    piece->Markup(text);
+    piece->Put("</td>");
+}
+
 void Head(std::string* out, const char* const* names, size_t count)
 {
     *out += "<tr>";
@@ -95,37 +102,46 @@ void KeyTable(const std::vector<KEYROW>& rows, std::string* out)
     *out += "<table class=\"keys\">\n";
     Head(out, kColumns, sizeof kColumns / sizeof kColumns[0]);
     for (const KEYROW& row : rows) {
-        *out += row.mark == MARK_ALARM ? "<tr class=\"alarm\">" : row.mark == MARK_EVAC ? "<tr class=\"evac\">"
-                                                                                        : "<tr>";
-        Cell(out, row.caption);
-        Cell(out, row.numeric ? KeyKeyword(row) : std::to_string(row.slot));
-        *out += "<td>";
-        AppendMarkup(out, row.function);
-        if (row.mark != MARK_NONE)
-            *out += row.mark == MARK_ALARM ? "<span class=\"badge\">ALARM</span>" : "<span class=\"badge\">EVAC</span>";
-        *out += "</td>";
-        Cell(out, row.destination);
-        Cell(out, row.message);
-        Cell(out, row.priority);
-        Cell(out, row.trigger);
-        Cell(out, row.locked);
-        Cell(out, row.label);
-        *out += "</tr>\n";
+        MARKUPPIECE piece(out);
+        if (row.mark == MARK_ALARM)
+            piece.Put("<tr class=\"alarm\">");
+        else if (row.mark == MARK_EVAC)
+            piece.Put("<tr class=\"evac\">");
+        else
+            piece.Put("<tr>");
+        PieceCell(&piece, row.caption);
+        PieceCell(&piece, row.numeric ? KeyKeyword(row) : std::to_string(row.slot));
+        piece.Put("<td>");
+        piece.Markup(row.function);
+        if (row.mark == MARK_ALARM)
+            piece.Put("<span class=\"badge\">ALARM</span>");
+        else if (row.mark == MARK_EVAC)
+            piece.Put("<span class=\"badge\">EVAC</span>");
+        piece.Put("</td>");
+        PieceCell(&piece, row.destination);
+        PieceCell(&piece, row.message);
+        PieceCell(&piece, row.priority);
+        PieceCell(&piece, row.trigger);
+        PieceCell(&piece, row.locked);
+        PieceCell(&piece, row.label);
+        piece.Put("</tr>\n");
     }
     *out += "</table>\n";
 }
 
-void ConsoleSection(const DESIGNMODEL& model, const CONSOLEDESIGN& console, std::string* out)
+void ConsoleSection(const DESIGNMODEL& model, const CONSOLEDESIGN& console, std::vector<KEYROW>* keptRows,
+                    PICTUREGEOMETRY* geometry, std::string* out)
 {
     const CONSOLEFACTS facts = FactsOf(model, console);
-    const std::vector<KEYROW> rows = KeyRows(console);
+    FillKeyRows(console, keptRows);
+    const std::vector<KEYROW>& rows = *keptRows;
     *out += FormatString("<section class=\"console\" id=\"console-%zu\">\n<h3>", (size_t)(&console - model.consoles.data()));
     AppendMarkup(out, facts.displayName + " (" + console.name + ")");
     *out += "</h3>\n<p class=\"facts\">";
     AppendMarkup(out, "Type " + facts.type + ", address " + facts.address + ", connection " + facts.connection +
                           ", extensions: " + facts.extensions + ", online at save: " + facts.online);
     *out += "</p>\n";
-    AppendConsolePicture(console, rows, out);
+    AppendConsolePicture(console, rows, geometry, out);
     KeyTable(rows, out);
     *out += "</section>\n";
 }
@@ -149,6 +165,8 @@ void WriteHtml(const DESIGNMODEL& model, const PROBLEMLIST& problems, TEXTSINK* 
     ProblemList(model, problems, &head);
     out->Spill();
 
+    std::vector<KEYROW> rows;  // each console's in turn
+    PICTUREGEOMETRY geometry;
     for (const CONSOLEGROUP& group : GroupConsoles(model)) {
         std::string& text = out->Buffer();
         text += "<h2>";
@@ -163,7 +181,7 @@ void WriteHtml(const DESIGNMODEL& model, const PROBLEMLIST& problems, TEXTSINK* 
         }
         ConsoleTable(model, group, &text);
         for (const CONSOLEDESIGN* console : group.consoles) {
-            ConsoleSection(model, *console, &out->Buffer());
+            ConsoleSection(model, *console, &rows, &geometry, &out->Buffer());
             out->Spill();
         }
     }

@@ -65,16 +65,13 @@ std::string TriggerText(int family, int code)
     return code >= 0 && code < 3 ? kTriggerTexts[code] : FormatString("%d", code);
 }
 
-std::string AlarmToneText(int code)
+void Join(std::string* text, const char* part)
 {
-    static const std::map<int, std::string> tones = AlarmToneTable(false);
-    auto found = tones.find(code);
-    return found == tones.end() ? FormatString("tone %d", code) : found->second;
-}
-
-std::string RecordName(const std::string& record)
-{
-    return record.substr(0, record.find(','));
+    if (!part[0])
+        return;
+    if (!text->empty())
+        *text += "; ";
+    *text += part;
 }
 
 void Join(std::string* text, const std::string& part)
@@ -84,6 +81,16 @@ void Join(std::string* text, const std::string& part)
     if (!text->empty())
         *text += "; ";
     *text += part;
+}
+
+void JoinAlarmTone(std::string* text, int code)
+{
+    static const std::map<int, std::string> tones = AlarmToneTable(false);
+    auto found = tones.find(code);
+    if (found == tones.end())
+        Join(text, FormatString("tone %d", code));
+    else
+        Join(text, found->second);
 }
 
 }  // namespace
@@ -96,9 +103,16 @@ std::string KeyCaption(int slot)
         if (slot < KEYPAD_KEY_COUNT)
             return kKeypadCaptions[slot];
         return kFaceCaptions[slot - KEY_DEL];
-    case PLACE_EXTENSION:
-        return "Ext " + std::to_string(extension + 1) + " / key " +
-               std::to_string((slot - EXTENSION_FIRST_KEY) % EXTENSION_KEY_COUNT + 1);
+    case PLACE_EXTENSION: {
+        // "Ext 5 / key 20": an extension of one digit, a key of one or two.
+        const int key = (slot - EXTENSION_FIRST_KEY) % EXTENSION_KEY_COUNT + 1;
+        std::string caption = "Ext 1 / key ";
+        caption[4] = (char)('1' + extension);
+        if (key >= 10)
+            caption += (char)('0' + key / 10);
+        caption += (char)('0' + key % 10);
+        return caption;
+    }
     case PLACE_NONE:
         break;
     }
@@ -137,22 +151,30 @@ DESTKIND DestinationKind(int32_t functionId)
     }
 }
 
-bool CarriesMessage(const KEYSLOT& key, std::vector<std::string>* messages)
+int KeyMessages(const KEYSLOT& key, const char* messages[2])
 {
-    messages->clear();
+    int count = 0;
     const int family = KeyFamily(key.functionId);
     if (family == FAMILY_EVAC || family == FAMILY_BUSINESS) {
         if (key.text2[0])
-            messages->push_back(key.text2);
+            messages[count++] = key.text2;
     } else if (family == FAMILY_TALK) {
         // A set prechime is a recorded message ("NAME|NUMBER"); older keys
         // carry a tone's name there instead.
         if (key.cells[1] && strchr(key.text2, '|'))
-            messages->push_back(key.text2);
+            messages[count++] = key.text2;
         if (key.cells[9] && strchr(key.text3, '|'))
-            messages->push_back(key.text3);
+            messages[count++] = key.text3;
     }
-    return !messages->empty();
+    return count;
+}
+
+bool CarriesMessage(const KEYSLOT& key, std::vector<std::string>* messages)
+{
+    const char* found[2];
+    const int count = KeyMessages(key, found);
+    messages->assign(found, found + count);
+    return count > 0;
 }
 
 std::string InputChannel(const KEYSLOT& key)
@@ -186,63 +208,106 @@ std::string KeyKeyword(const KEYROW& row)
     return row.slot >= 0 && row.slot < 1000 ? std::string(digits) : "key" + std::to_string(row.slot);
 }
 
-KEYROW MakeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, bool numeric)
+std::string KeyRowCaption(const CONSOLEDESIGN& console, int slot, bool numeric)
+{
+    std::string caption = numeric ? NumericKeyCaption(slot) : KeyCaption(slot);
+    // A special key's role decides what the device has there.
+    if (!numeric && slot >= KEY_SPECIAL_FIRST && slot <= KEY_SPECIAL_LAST) {
+        const int mode = console.specialModes[slot - KEY_SPECIAL_FIRST];
+        caption += mode == 1 ? " (alarm button)" : mode == 2 ? " (key switch)" : " (not used)";
+    }
+    return caption;
+}
+
+void ReadKeyRow(const KEYLINE& line, bool numeric, KEYROW* row)
+{
+    row->numeric = numeric;
+    row->slot = line.slot;
+    row->line = line.record.line;
+    ParseKeyRecord(line.record.text.c_str(), &row->key);
+}
+
+KEYROW KeyOfRow(const KEYLINE& line, bool numeric)
 {
     KEYROW row;
-    row.numeric = numeric;
-    row.slot = line.slot;
-    row.line = line.record.line;
-    row.caption = numeric ? NumericKeyCaption(line.slot) : KeyCaption(line.slot);
-    // A special key's role decides what the device has there.
-    if (!numeric && line.slot >= KEY_SPECIAL_FIRST && line.slot <= KEY_SPECIAL_LAST) {
-        const int mode = console.specialModes[line.slot - KEY_SPECIAL_FIRST];
-        row.caption += mode == 1 ? " (alarm button)" : mode == 2 ? " (key switch)" : " (not used)";
-    }
-    ParseKeyRecord(line.record.text.c_str(), &row.key);
-    const KEYSLOT& key = row.key;
-    row.recordName = RecordName(line.record.text);
-    row.function = KeyFunctionName(key.functionId);
+    ReadKeyRow(line, numeric, &row);
+    return row;
+}
+
+void DescribeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, KEYROW* row)
+{
+    const bool numeric = row->numeric;
+    row->caption = KeyRowCaption(console, line.slot, numeric);
+    const KEYSLOT& key = row->key;
+    row->recordName.assign(line.record.text, 0, line.record.text.find(','));
+    row->function = KeyFunctionName(key.functionId);
     const int family = KeyFamily(key.functionId);
     if (family == FAMILY_SELECT || DestinationKind(key.functionId) != DEST_NONE)
-        row.destination = key.text1;
+        row->destination = key.text1;
     else if (family == FAMILY_LOGICAL || family == FAMILY_ARITHMETIC)
-        row.destination = key.text1;
+        row->destination = key.text1;
 
-    std::vector<std::string> messages;
-    if (CarriesMessage(key, &messages)) {
-        for (const std::string& message : messages)
-            Join(&row.message, message);
+    const char* messages[2];
+    const int count = KeyMessages(key, messages);
+    if (count > 0) {
+        for (int i = 0; i < count; i++)
+            Join(&row->message, messages[i]);
     } else if (family == FAMILY_TALK && key.cells[1]) {
-        row.message = key.text2;  // an older key's prechime tone
+        row->message = key.text2;  // an older key's prechime tone
     }
     if (family == FAMILY_ALARM) {
-        Join(&row.message, AlarmToneText(key.cells[KEYCELL_SECOND]));
-        if (key.text2[0])
-            Join(&row.message, std::string("input ") + key.text2);
+        JoinAlarmTone(&row->message, key.cells[KEYCELL_SECOND]);
+        if (key.text2[0]) {
+            Join(&row->message, "input ");
+            row->message += key.text2;
+        }
     }
 
     const FAMILYCELLS cells = CellsOf(family);
     if (cells.priority >= 0)
-        row.priority = std::to_string(key.cells[cells.priority]);
+        row->priority = std::to_string(key.cells[cells.priority]);
     if (cells.trigger >= 0)
-        row.trigger = TriggerText(family, key.cells[cells.trigger]);
+        row->trigger = TriggerText(family, key.cells[cells.trigger]);
     if (cells.locked >= 0)
-        row.locked = key.cells[cells.locked] ? "yes" : "no";
+        row->locked = key.cells[cells.locked] ? "yes" : "no";
     if (!numeric) {
         if (const KEYLINE* label = console.Label(line.slot))
-            row.label = label->record.text;
+            row->label = label->record.text;
     }
-    row.mark = family == FAMILY_ALARM ? MARK_ALARM : family == FAMILY_EVAC ? MARK_EVAC : MARK_NONE;
+    row->mark = family == FAMILY_ALARM ? MARK_ALARM : family == FAMILY_EVAC ? MARK_EVAC : MARK_NONE;
+}
+
+KEYROW MakeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, bool numeric)
+{
+    KEYROW row = KeyOfRow(line, numeric);
+    DescribeKeyRow(console, line, &row);
     return row;
+}
+
+void RefillKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, bool numeric, KEYROW* row)
+{
+    std::string* const texts[] = {&row->caption, &row->function, &row->recordName,
+                                  &row->destination, &row->message, &row->priority,
+                                  &row->trigger, &row->locked, &row->label};
+    for (std::string* text : texts)
+        text->clear();
+    row->mark = MARK_NONE;
+    ReadKeyRow(line, numeric, row);
+    DescribeKeyRow(console, line, row);
+}
+
+void FillKeyRows(const CONSOLEDESIGN& console, std::vector<KEYROW>* rows)
+{
+    rows->resize(console.keys.size() + console.numericKeyRecords.size());
+    size_t at = 0;
+    ForEachKeyLine(console, [&](const KEYLINE& line, bool numeric) {
+        RefillKeyRow(console, line, numeric, &(*rows)[at++]);
+    });
 }
 
 std::vector<KEYROW> KeyRows(const CONSOLEDESIGN& console)
 {
     std::vector<KEYROW> rows;
-    rows.reserve(console.keys.size() + console.numericKeyRecords.size());
-    for (const KEYLINE& line : console.keys)
-        rows.push_back(MakeKeyRow(console, line, false));
-    for (const KEYLINE& line : console.numericKeyRecords)
-        rows.push_back(MakeKeyRow(console, line, true));
+    FillKeyRows(console, &rows);
     return rows;
 }

@@ -42,13 +42,35 @@ struct KEYROW {
 std::string KeyKeyword(const KEYROW& row);
 
 KEYROW MakeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, bool numeric);
+// A row in two steps, for the outputs that look at most keys' records alone:
+// the key (slot, line, record) first, the texts it shows when needed.
+KEYROW KeyOfRow(const KEYLINE& line, bool numeric);
+void ReadKeyRow(const KEYLINE& line, bool numeric, KEYROW* row);
+void DescribeKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, KEYROW* row);
+// The row's caption: the key as printed, a special key with its role.
+std::string KeyRowCaption(const CONSOLEDESIGN& console, int slot, bool numeric);
 // The console's configured keys, face and extensions in slot order, then the numeric keys.
 std::vector<KEYROW> KeyRows(const CONSOLEDESIGN& console);
+// The same into rows kept from console to console, so their texts reuse their room.
+void FillKeyRows(const CONSOLEDESIGN& console, std::vector<KEYROW>* rows);
+// MakeKeyRow into a row used before.
+void RefillKeyRow(const CONSOLEDESIGN& console, const KEYLINE& line, bool numeric, KEYROW* row);
+// Each key line of the console in the order of KeyRows: visit(line, numeric).
+template <class VISIT>
+void ForEachKeyLine(const CONSOLEDESIGN& console, VISIT visit)
+{
+    for (const KEYLINE& line : console.keys)
+        visit(line, false);
+    for (const KEYLINE& line : console.numericKeyRecords)
+        visit(line, true);
+}
 
 // What a key addresses, for the checks and "--where".
 enum DESTKIND { DEST_NONE, DEST_ZONE, DEST_GROUP };
 DESTKIND DestinationKind(int32_t functionId);
 bool CarriesMessage(const KEYSLOT& key, std::vector<std::string>* messages);
+// The same without copies: up to two of the key's own texts; answers how many.
+int KeyMessages(const KEYSLOT& key, const char* messages[2]);
 // The input channel of an alarm key, the logic variable of a logical key; empty otherwise.
 std::string InputChannel(const KEYSLOT& key);
 std::string LogicVariable(const KEYSLOT& key);

@@ -1,5 +1,7 @@
 #include "labelfit.h"
 
+#include "reporttext.h"
+
 #include "../../base/banned.h"
 
 namespace {
@@ -21,35 +23,69 @@ const short kOtherAdvance = 778;
 
 const char kCutMark[] = "\x85";
 
+namespace {
+
+int Advance(unsigned char c)
+{
+    return c >= 32 && c < 127 ? kAdvances[c - 32] : c == 0x85 ? 1000 : kOtherAdvance;
+}
+
+}  // namespace
+
 double TextWidth(const std::string& text, double fontSize)
 {
     long total = 0;
     for (unsigned char c : text)
-        total += c >= 32 && c < 127 ? kAdvances[c - 32] : c == 0x85 ? 1000 : kOtherAdvance;
+        total += Advance(c);
     return total * fontSize / 1000.0;
+}
+
+TEXTFIT FitTextSize(const std::string& text, double width, double largest, double smallest)
+{
+    TEXTFIT fit;
+    fit.fontSize = largest;
+    fit.keep = text.size();
+    if (text.empty() || width <= 0)
+        return fit;
+    long total = 0;
+    for (unsigned char c : text)
+        total += Advance(c);
+    const double natural = total * largest / 1000.0;
+    if (natural > width) {
+        const double size = largest * width / natural;
+        fit.fontSize = size < smallest ? smallest : size;
+    }
+    // A shrunk text is as wide as the box, give or take the last bit.
+    const double room = width * (1 + 1e-9);
+    if (total * fit.fontSize / 1000.0 > room) {
+        // Keep what fits beside the mark, a character less at a time.
+        size_t keep = text.size();
+        long kept = total + Advance(0x85);
+        while (keep > 0 && kept * fit.fontSize / 1000.0 > room) {
+            keep--;
+            kept -= Advance((unsigned char)text[keep]);
+        }
+        fit.keep = keep;
+        fit.cut = true;
+    }
+    return fit;
 }
 
 FITTEDTEXT FitText(const std::string& text, double width, double largest, double smallest)
 {
+    const TEXTFIT fit = FitTextSize(text, width, largest, smallest);
     FITTEDTEXT fitted;
-    fitted.text = text;
-    fitted.fontSize = largest;
-    if (text.empty() || width <= 0)
-        return fitted;
-    const double natural = TextWidth(text, largest);
-    if (natural > width) {
-        const double size = largest * width / natural;
-        fitted.fontSize = size < smallest ? smallest : size;
-    }
-    // A shrunk text is as wide as the box, give or take the last bit.
-    const double room = width * (1 + 1e-9);
-    if (TextWidth(text, fitted.fontSize) > room) {
-        // Keep what fits beside the mark.
-        size_t keep = text.size();
-        while (keep > 0 && TextWidth(text.substr(0, keep) + kCutMark, fitted.fontSize) > room)
-            keep--;
-        fitted.text = text.substr(0, keep) + kCutMark;
-        fitted.cut = true;
-    }
+    fitted.fontSize = fit.fontSize;
+    fitted.cut = fit.cut;
+    fitted.text = fit.cut ? text.substr(0, fit.keep) + kCutMark : text;
     return fitted;
+}
+
+void PutFittedMarkup(MARKUPPIECE* piece, const std::string& text, const TEXTFIT& fit)
+{
+    if (!fit.cut) {
+        piece->Markup(text);
+        return;
+    }
+    piece->Markup(text.substr(0, fit.keep) + kCutMark);
 }

@@ -20,3 +20,15 @@ extern const char kCutMark[];
 double TextWidth(const std::string& text, double fontSize);
 
 FITTEDTEXT FitText(const std::string& text, double width, double largest, double smallest);
+
+// What FitText answers without a copy of the text: the size, and how many of
+// the text's characters stand before the mark when it is cut.
+struct TEXTFIT {
+    double fontSize = 0;
+    size_t keep = 0;  // the whole text when it is not cut
+    bool cut = false;
+};
+TEXTFIT FitTextSize(const std::string& text, double width, double largest, double smallest);
+// The text as FitText leaves it, escaped for markup (see AppendMarkup).
+class MARKUPPIECE;
+void PutFittedMarkup(MARKUPPIECE* piece, const std::string& text, const TEXTFIT& fit);

@@ -1,4 +1,5 @@
 #include <stdlib.h>
+#include <string.h>
 
 #include <algorithm>
 #include <map>
@@ -25,8 +26,26 @@ const double kSmallestFont = 1.2;  // millimetres, about 3.4 points
 
 struct BLOCK {
     std::string caption;
-    std::vector<CONSOLEKEYLABEL> boxes;
+    const std::vector<CONSOLEKEYLABEL>* boxes;  // kept by BOXES
     const CONSOLEDESIGN* console;
+};
+
+// The label boxes of a type's face (slot -1) or of its extension in a slot,
+// drawn at the first position; made once for each.
+class BOXES {
+public:
+    const std::vector<CONSOLEKEYLABEL>* Of(int type, int slot)
+    {
+        auto found = m_boxes.find(std::make_pair(type, slot));
+        if (found != m_boxes.end())
+            return &found->second;
+        std::vector<CONSOLEKEYLABEL>& boxes = m_boxes[std::make_pair(type, slot)];
+        boxes = slot < 0 ? ConsoleKeyLabels(type) : ExtensionKeyLabels(type, slot, 0);
+        return &boxes;
+    }
+
+private:
+    std::map<std::pair<int, int>, std::vector<CONSOLEKEYLABEL>> m_boxes;
 };
 
 struct PLACEMENT {
@@ -37,8 +56,12 @@ struct PLACEMENT {
 
 void Line(std::string* out, double x1, double y1, double x2, double y2)
 {
-    *out += "<line x1=\"" + Number(x1) + "\" y1=\"" + Number(y1) + "\" x2=\"" + Number(x2) + "\" y2=\"" +
-            Number(y2) + "\"/>";
+    *out += "<line";
+    AppendAttribute(out, "x1", x1);
+    AppendAttribute(out, "y1", y1);
+    AppendAttribute(out, "x2", x2);
+    AppendAttribute(out, "y2", y2);
+    *out += "/>";
 }
 
 // Marks outside each corner, along both edges, so cutting follows them.
@@ -63,6 +86,29 @@ std::string WindowId(const CONSOLEKEYLABEL& box)
     return "window-" + Number(box.width) + "x" + Number(box.height);
 }
 
+// The ids of the few window sizes a page uses, each made once; `defined`
+// says the page's definitions hold it.
+class WINDOWIDS {
+public:
+    struct ENTRY {
+        float width, height;
+        std::string id;
+        bool defined;
+    };
+    ENTRY& Of(const CONSOLEKEYLABEL& box)
+    {
+        for (ENTRY& entry : m_entries)
+            if (memcmp(&entry.width, &box.width, sizeof box.width) == 0 &&
+                memcmp(&entry.height, &box.height, sizeof box.height) == 0)
+                return entry;
+        m_entries.push_back(ENTRY{box.width, box.height, WindowId(box), false});
+        return m_entries.back();
+    }
+
+private:
+    std::vector<ENTRY> m_entries;
+};
+
 void WindowDefinition(std::string* out, const std::string& id, double width, double height)
 {
     *out += "<g id=\"" + id + "\"><rect class=\"window\" width=\"" + Number(width) + "\" height=\"" +
@@ -71,22 +117,32 @@ void WindowDefinition(std::string* out, const std::string& id, double width, dou
     *out += "</g>\n";
 }
 
-void Label(std::string* out, const PLACEMENT& place, const CONSOLEKEYLABEL& box, const std::string& text)
+void Label(std::string* out, const PLACEMENT& place, const CONSOLEKEYLABEL& box, const std::string& windowId,
+           const std::string& text)
 {
     const double x = place.x + (box.x - place.left) * place.scaleX;
     const double y = place.y + (box.y - place.top) * place.scaleY;
     const double width = box.width * place.scaleX, height = box.height * place.scaleY;
-    *out += "<use xlink:href=\"#" + WindowId(box) + "\" x=\"" + Number(x) + "\" y=\"" + Number(y) + "\"/>";
+    MARKUPPIECE piece(out);
+    piece.Put("<use xlink:href=\"#");
+    piece.Put(windowId.data(), windowId.size());
+    piece.Put("\"");
+    piece.Attribute("x", x);
+    piece.Attribute("y", y);
+    piece.Put("/>");
     if (text.empty()) {
-        *out += "\n";
+        piece.Put("\n");
         return;
     }
     const double room = width - 1.0;
-    const FITTEDTEXT fitted = FitText(text, room, height * 0.7, std::min(kSmallestFont, height * 0.7));
-    *out += "<text x=\"" + Number(x + width / 2) + "\" y=\"" + Number(y + height / 2 + fitted.fontSize * 0.35) +
-            "\" font-size=\"" + Number(fitted.fontSize) + "\">";
-    AppendMarkup(out, fitted.text);
-    *out += "</text>\n";
+    const TEXTFIT fit = FitTextSize(text, room, height * 0.7, std::min(kSmallestFont, height * 0.7));
+    piece.Put("<text");
+    piece.Attribute("x", x + width / 2);
+    piece.Attribute("y", y + height / 2 + fit.fontSize * 0.35);
+    piece.Attribute("font-size", fit.fontSize);
+    piece.Put(">");
+    PutFittedMarkup(&piece, text, fit);
+    piece.Put("</text>\n");
 }
 
 void Extent(const std::vector<CONSOLEKEYLABEL>& boxes, float* left, float* top, float* right, float* bottom)
@@ -101,17 +157,17 @@ void Extent(const std::vector<CONSOLEKEYLABEL>& boxes, float* left, float* top, 
     }
 }
 
-std::vector<BLOCK> Blocks(const DESIGNMODEL& model)
+std::vector<BLOCK> Blocks(const DESIGNMODEL& model, BOXES* boxes)
 {
     std::vector<BLOCK> blocks;
     for (const CONSOLEGROUP& group : GroupConsoles(model)) {
         for (const CONSOLEDESIGN* console : group.consoles) {
             const std::string shown = FactsOf(model, *console).displayName;
             const std::string name = shown == console->name ? shown : shown + " (" + console->name + ")";
-            blocks.push_back(BLOCK{name + " - console", ConsoleKeyLabels(console->model), console});
+            blocks.push_back(BLOCK{name + " - console", boxes->Of(console->model, -1), console});
             for (int slot = 0; slot < console->extensions; slot++)
                 blocks.push_back(BLOCK{name + FormatString(" - extension %d", slot + 1),
-                                       ExtensionKeyLabels(console->model, slot, 0), console});
+                                       boxes->Of(console->model, slot), console});
         }
     }
     return blocks;
@@ -141,12 +197,13 @@ bool ParseLabelSize(const char* text, LABELSIZE* size)
 void WriteLabelStrips(const DESIGNMODEL& model, const LABELSIZE& size, TEXTSINK* out)
 {
     const double scaleX = size.width / kBoxWidthPixels, scaleY = size.height / kBoxHeightPixels;
-    const std::vector<BLOCK> blocks = Blocks(model);
+    BOXES boxes;
+    const std::vector<BLOCK> blocks = Blocks(model, &boxes);
     // The page is as wide as the widest block and as long as all of them.
     double pageWidth = 2 * kPageMargin + 60, pageHeight = 2 * kPageMargin;
     for (const BLOCK& block : blocks) {
         float left, top, right, bottom;
-        Extent(block.boxes, &left, &top, &right, &bottom);
+        Extent(*block.boxes, &left, &top, &right, &bottom);
         pageWidth = std::max(pageWidth, 2 * kPageMargin + (right - left) * scaleX);
         pageHeight += kCaptionHeight + (bottom - top) * scaleY + kBlockGap;
     }
@@ -161,25 +218,36 @@ void WriteLabelStrips(const DESIGNMODEL& model, const LABELSIZE& size, TEXTSINK*
     head += "<style>.cut{stroke:#000;stroke-width:0.1}.window{fill:none;stroke:#bbb;stroke-width:0.05}"
             "text{text-anchor:middle;fill:#000}.caption{text-anchor:start;font-size:3px;fill:#444}</style>\n";
     // Every window size the blocks use: the keypad's and the wide key's.
+    WINDOWIDS windowIds;
     std::map<std::string, bool> defined;
     head += "<defs>\n";
-    for (const BLOCK& block : blocks)
-        for (const CONSOLEKEYLABEL& box : block.boxes)
-            if (defined.emplace(WindowId(box), true).second)
-                WindowDefinition(&head, WindowId(box), box.width * scaleX, box.height * scaleY);
+    for (const BLOCK& block : blocks) {
+        for (const CONSOLEKEYLABEL& box : *block.boxes) {
+            WINDOWIDS::ENTRY& window = windowIds.Of(box);
+            if (window.defined)
+                continue;
+            window.defined = true;
+            if (defined.emplace(window.id, true).second)
+                WindowDefinition(&head, window.id, box.width * scaleX, box.height * scaleY);
+        }
+    }
     head += "</defs>\n";
+    const std::string noLabel;
     double y = kPageMargin;
     for (const BLOCK& block : blocks) {
         std::string& text = out->Buffer();
         float left, top, right, bottom;
-        Extent(block.boxes, &left, &top, &right, &bottom);
-        text += "<text class=\"caption\" x=\"" + Number(kPageMargin) + "\" y=\"" + Number(y + 3.5) + "\">";
+        Extent(*block.boxes, &left, &top, &right, &bottom);
+        text += "<text class=\"caption\"";
+        AppendAttribute(&text, "x", kPageMargin);
+        AppendAttribute(&text, "y", y + 3.5);
+        text += ">";
         AppendMarkup(&text, block.caption);
         text += "</text>\n";
         const PLACEMENT place = {scaleX, scaleY, kPageMargin, y + kCaptionHeight, left, top};
-        for (const CONSOLEKEYLABEL& box : block.boxes) {
+        for (const CONSOLEKEYLABEL& box : *block.boxes) {
             const KEYLINE* label = block.console->Label(box.key);
-            Label(&text, place, box, label ? label->record.text : std::string());
+            Label(&text, place, box, windowIds.Of(box).id, label ? label->record.text : noLabel);
         }
         y += kCaptionHeight + (bottom - top) * scaleY + kBlockGap;
         out->Spill();

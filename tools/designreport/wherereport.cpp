@@ -1,3 +1,5 @@
+#include <string.h>
+
 #include "keyrows.h"
 #include "reports.h"
 
@@ -6,28 +8,34 @@
 
 namespace {
 
-bool NamesDestination(const std::string& destination, const std::string& name)
+// "CONTROLLER.NAME" names NAME and "CONTROLLER.NAME" alike.
+bool NamesDestination(const char* destination, const std::string& name)
 {
-    if (destination.empty())
+    if (!destination[0])
         return false;
-    std::string controller, local;
-    SplitDestination(destination, &controller, &local);
-    return destination == name || local == name;
-}
-
-bool NamesMessage(const std::string& entry, const std::string& name)
-{
-    return entry == name || entry.substr(0, entry.rfind('|')) == name;
-}
-
-bool Addresses(const KEYROW& row, const std::string& name)
-{
-    if (DestinationKind(row.key.functionId) != DEST_NONE && NamesDestination(row.key.text1, name))
+    if (name == destination)
         return true;
-    std::vector<std::string> messages;
-    CarriesMessage(row.key, &messages);
-    for (const std::string& message : messages)
-        if (NamesMessage(message, name))
+    const char* const point = strchr(destination, '.');
+    return point && name == point + 1;
+}
+
+// "NAME|NUMBER" names NAME and "NAME|NUMBER" alike.
+bool NamesMessage(const char* entry, const std::string& name)
+{
+    if (name == entry)
+        return true;
+    const char* const bar = strrchr(entry, '|');
+    return bar && name.compare(0, std::string::npos, entry, (size_t)(bar - entry)) == 0;
+}
+
+bool Addresses(const KEYSLOT& key, const std::string& name)
+{
+    if (DestinationKind(key.functionId) != DEST_NONE && NamesDestination(key.text1, name))
+        return true;
+    const char* messages[2];
+    const int count = KeyMessages(key, messages);
+    for (int i = 0; i < count; i++)
+        if (NamesMessage(messages[i], name))
             return true;
     return false;
 }
@@ -38,17 +46,34 @@ size_t WriteWhere(const DESIGNMODEL& model, const std::string& name, TEXTSINK* o
 {
     size_t found = 0;
     for (const CONSOLEDESIGN& console : model.consoles) {
-        for (const KEYROW& row : KeyRows(console)) {
-            if (!Addresses(row, name))
-                continue;
+        // Most keys address something else: their records are read, and
+        // only the keys found are described.
+        ForEachKeyLine(console, [&](const KEYLINE& line, bool numeric) {
+            KEYROW row = KeyOfRow(line, numeric);
+            if (!Addresses(row.key, name))
+                return;
+            DescribeKeyRow(console, line, &row);
             found++;
             std::string what = row.destination;
             if (!row.message.empty())
                 what += (what.empty() ? "" : ", ") + row.message;
-            out->Buffer() += FormatString("%s(%d): %s: %s (\"%s\"): %s: %s\n", model.fileName.c_str(), row.line,
-                                          console.name.c_str(), KeyKeyword(row).c_str(), row.caption.c_str(),
-                                          row.function.c_str(), what.c_str());
-        }
+            // FILE(LINE): CONSOLE: KEYWORD ("CAPTION"): FUNCTION: WHAT, each text up to a NUL as printf takes it
+            std::string& text = out->Buffer();
+            text += model.fileName.c_str();
+            text += '(';
+            AppendInteger(&text, row.line);
+            text += "): ";
+            text += console.name.c_str();
+            text += ": ";
+            text += KeyKeyword(row).c_str();
+            text += " (\"";
+            text += row.caption.c_str();
+            text += "\"): ";
+            text += row.function.c_str();
+            text += ": ";
+            text += what.c_str();
+            text += '\n';
+        });
         out->Spill();
     }
     return found;
