@@ -245,32 +245,6 @@ TEST(LedBlinking, FramesOfEveryModeAcrossTheSixPhases)
     EXPECT_EQ(BlinkPhase(0xFFFFFFFFu), (int)((0xFFFFFFFFu / 250) % 6));
 }
 
-TEST(LedStates, TextFormAndRefusals)
-{
-    uint8_t states[LEDSTATE_KEYS] = {};
-    states[0] = WithLedMode(0, false, LED_ON);
-    states[0] = WithLedMode(states[0], true, LED_SLOW_BLINK);
-    states[127] = LED_FAST_BLINK;
-    EXPECT_EQ(LedModeOf(states[0], false), LED_ON);
-    EXPECT_EQ(LedModeOf(states[0], true), LED_SLOW_BLINK);
-    const std::string text = FormatLedStates(states);
-    ASSERT_EQ(text.size(), 128u);
-    EXPECT_EQ(text.substr(0, 2), "70");
-    EXPECT_EQ(text.back(), '2');
-
-    uint8_t parsed[LEDSTATE_KEYS] = {};
-    ASSERT_TRUE(ParseLedStates(text.c_str(), parsed));
-    EXPECT_EQ(memcmp(parsed, states, sizeof states), 0);
-    ASSERT_TRUE(ParseLedStates("0F", parsed));
-    EXPECT_EQ(parsed[1], 15);
-    EXPECT_EQ(parsed[127], 0);
-
-    EXPECT_FALSE(ParseLedStates("3g", parsed));
-    EXPECT_FALSE(ParseLedStates("-1", parsed));
-    EXPECT_FALSE(ParseLedStates((text + "0").c_str(), parsed));
-    EXPECT_EQ(parsed[1], 15);  // refused texts leave the states
-}
-
 TEST(KeyGeometry, ExtensionKeysHaveALedAndALabelBoxEach)
 {
     const auto keys = ExtensionKeys(0, 1, 2);
