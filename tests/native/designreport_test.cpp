@@ -155,10 +155,15 @@ TEST(DesignReport, AddressesAreSharedOnlyOnOneController)
 TEST(DesignReport, AConnectionToAControllerTheDesignLacksIsNone)
 {
     const std::string design = Console("ORNCST_1") + "ORNCST_1*connection=ORNCON_7.DOVRIXCSTModule\r\n" +
-                               Console("ORNCST_2") + "ORNCST_2*connection=nothing\r\n";
+                               Console("ORNCST_2") + "ORNCST_2*connection=nothing\r\n" + Console("ORNCST_3") +
+                               "ORNCST_3*connection=\r\n";
     const PROBLEMLIST problems = CheckDesign(ReadDesignText(design, "d.ds"));
-    ASSERT_EQ(problems.items.size(), 2u);
-    EXPECT_EQ(Count(problems, PROBLEM_NO_CONNECTION), 2);
+    ASSERT_EQ(problems.items.size(), 3u);
+    EXPECT_EQ(Count(problems, PROBLEM_NO_CONNECTION), 3);
+    // An empty connection line is no connection at all, not a port of no controller.
+    EXPECT_EQ(problems.items[2].line, 6);
+    EXPECT_NE(FormatProblem("d.ds", problems.items[2]).find("is not connected to a controller"), std::string::npos)
+        << FormatProblem("d.ds", problems.items[2]);
 }
 
 TEST(DesignReport, AnUnknownFunctionIsATypoButEmptyIsNot)
