@@ -109,8 +109,8 @@ TEST(KeyPlan, RowsBecomeRecordsOfTheCodecsGrammar)
         {"ORNCST_1,Wide key,Talk to Group,Upstairs,Gong; Evacuate now|3,60,Switch,yes",
          "ORNCST_1*key119=Talk to Group,0,1,1,60,1,0,1,0,0,1,0,0,0,0,0,ORNCON_1.Upstairs,Gong|7,Evacuate now|3"},
         // A function of the same family keeps the key's fields.
-        {"ORNCST_1,2,EVAC Messages to Group,Upstairs,,,,",
-         "ORNCST_1*key001=EVAC Messages to Group,0,90,0,0,0,1,0,ORNCON_1.Upstairs,Evacuate now|3"},
+        {"ORNCST_1,2,EVAC Messages to Group,Upstairs,,,Trigger,",
+         "ORNCST_1*key001=EVAC Messages to Group,0,90,2,0,0,1,0,ORNCON_1.Upstairs,Evacuate now|3"},
         {"ORNCST_1,1,Empty,,,,,", "ORNCST_1*key000=Empty"},
         {"ORNCST_1,NumericKey3,Select Group,Upstairs,,,,", "ORNCST_1*NumericKey3=Select Group,0,ORNCON_1.Upstairs"},
         // The board's PTT key and its lock switch.

@@ -68,6 +68,8 @@ TEST(ReportRows, KeysAreNamedAsTheDevicePrintsThem)
     EXPECT_EQ(KeyCaption(114), "Ext 5 / key 20");
     EXPECT_EQ(KeyCaption(125), "Slot 125");
     EXPECT_EQ(NumericKeyCaption(11), "Numeric #");
+    EXPECT_EQ(NumericKeyCaption(12), "Numeric 12");
+    EXPECT_EQ(NumericKeyCaption(-1), "Numeric -1");
 }
 
 // The fields of a key's row by family; a null field is not looked at.
