@@ -11,6 +11,9 @@ TEST(HostRect, PositionsParseOnlyWhenTheyFitAnInt)
     EXPECT_EQ(y, -2147483647 - 1);
     EXPECT_TRUE(ParsePosition("10, 20", &x, &y));
     EXPECT_EQ(y, 20);
+    EXPECT_TRUE(ParsePosition("-1990,9", &x, &y));  // every digit is part of the number
+    EXPECT_EQ(x, -1990);
+    EXPECT_EQ(y, 9);
     EXPECT_FALSE(ParsePosition("2147483648,0", &x, &y));
     EXPECT_FALSE(ParsePosition("0,99999999999", &x, &y));
     EXPECT_FALSE(ParsePosition("10 ,20", &x, &y));
