@@ -11,16 +11,9 @@
 #include "../../tools/designreport/designcheck.h"
 #include "../../tools/designreport/designmodel.h"
 #include "../../tools/designreport/keyrows.h"
+#include "sourcefile.h"
 
 namespace {
-
-std::string SourceFile(const char* path)
-{
-    std::ifstream file(std::string(DOVRIXC_SOURCE_DIR) + "/" + path, std::ios::binary);
-    std::stringstream content;
-    content << file.rdbuf();
-    return content.str();
-}
 
 std::string Console(const std::string& name)
 {

@@ -10,16 +10,9 @@
 #include "../../tools/designreport/designmodel.h"
 #include "../../tools/designreport/reports.h"
 #include "../../tools/keyplan/keyplan.h"
+#include "sourcefile.h"
 
 namespace {
-
-std::string SourceFile(const char* path)
-{
-    std::ifstream file(std::string(DOVRIXC_SOURCE_DIR) + "/" + path, std::ios::binary);
-    std::stringstream content;
-    content << file.rdbuf();
-    return content.str();
-}
 
 // Two consoles of one controller with its lists; the first has one
 // extension, a zone key, an EVAC key and a label; the second is a board

@@ -18,16 +18,9 @@
 #include "../../tools/designreport/labelfit.h"
 #include "../../tools/designreport/reportoptions.h"
 #include "../../tools/designreport/reports.h"
+#include "sourcefile.h"
 
 namespace {
-
-std::string SourceFile(const char* path)
-{
-    std::ifstream file(std::string(DOVRIXC_SOURCE_DIR) + "/" + path, std::ios::binary);
-    std::stringstream content;
-    content << file.rdbuf();
-    return content.str();
-}
 
 DESIGNMODEL Problems()
 {
@@ -114,11 +107,14 @@ TEST(ReportRows, FieldsByFamily)
             {row.function, &key.function}, {row.destination, &key.destination}, {row.priority, &key.priority},
             {row.trigger, &key.trigger},   {row.locked, &key.locked},           {row.message, &key.message},
         };
-        for (const auto& field : fields)
-            if (field.first)
+        for (const auto& field : fields) {
+            if (field.first) {
                 EXPECT_EQ(*field.second, field.first);
-        if (row.mark >= 0)
+            }
+        }
+        if (row.mark >= 0) {
             EXPECT_EQ(key.mark, row.mark);
+        }
     }
     // The name as written stays beside the function it names.
     EXPECT_EQ(RowOf("Switch,Door,0,0,1").recordName, "Switch");
