@@ -12,6 +12,7 @@
 #include "../../tools/designreport/designmodel.h"
 #include "../../tools/designreport/keyrows.h"
 #include "sourcefile.h"
+#include "temppath.h"
 
 namespace {
 
@@ -199,7 +200,7 @@ TEST(DesignReport, AFileIsReadInChunksAsTheTextIs)
         for (int key = 0; key < 128; key++)
             design += "ORNCST_1*key" + std::to_string(1000 + key).substr(1) + "=Select Zone,0,ORNCON_1.Hall\r\n";
     design += "ORNCST_1*key000=" + std::string(REPORT_LINE_LIMIT * 2, 'y') + "\r\nlast line without equals";
-    const std::string path = testing::TempDir() + "designreport_chunks.ds";
+    const std::string path = TempPath("designreport_chunks.ds");
     {
         std::ofstream file(path, std::ios::binary);
         file << design;
@@ -223,7 +224,7 @@ TEST(DesignReport, AFileIsReadInChunksAsTheTextIs)
 TEST(DesignReport, AFileWithAHugeLineIsReadInBoundedMemory)
 {
     // 32 MB of one line, read in chunks: refused unread, the next line is read.
-    const std::string path = testing::TempDir() + "designreport_huge.ds";
+    const std::string path = TempPath("designreport_huge.ds");
     const std::string chunk(1 << 20, 'z');
     {
         std::ofstream file(path, std::ios::binary);
@@ -275,7 +276,7 @@ TEST(DesignReport, AFileEndingOneByteAfterAChunkIsReadWhole)
     const std::string name = "ORNCST_1*name=";
     design += name + std::string(65536 - 2 - name.size() - design.size(), 'n') + "\r\n" + "x";
     ASSERT_EQ(design.size(), 65537u);
-    const std::string path = testing::TempDir() + "designreport_edge.ds";
+    const std::string path = TempPath("designreport_edge.ds");
     {
         std::ofstream file(path, std::ios::binary);
         file << design;

@@ -19,6 +19,7 @@
 #include "../../tools/designreport/reportoptions.h"
 #include "../../tools/designreport/reports.h"
 #include "sourcefile.h"
+#include "temppath.h"
 
 namespace {
 
@@ -271,19 +272,23 @@ TEST(ReportOutputs, ChromiumShowsThePageAndItsLabelsAsText)
     if (!browser)
         GTEST_SKIP() << "no chromium";
     const DESIGNMODEL model = Problems();
-    const std::string folder = testing::TempDir();
-    const std::string page = folder + "designreport_page.html", dom = folder + "designreport_dom.html",
-                      picture = folder + "designreport_page.png";
+    const std::string page = TempPath("designreport_page.html"), dom = TempPath("designreport_dom.html"),
+                      picture = TempPath("designreport_page.png");
     {
         TEXTSINK out;
         WriteHtml(model, CheckDesign(model), &out);
         std::ofstream(page, std::ios::binary) << out.Text();
     }
     remove(picture.c_str());
-    const std::string flags = std::string(browser) +
-                              " --headless --no-sandbox --disable-gpu --hide-scrollbars --window-size=1000,800 ";
-    ASSERT_EQ(system((flags + "--dump-dom file://" + page + " >" + dom + " 2>/dev/null").c_str()), 0);
-    ASSERT_EQ(system((flags + "--screenshot=" + picture + " file://" + page + " >/dev/null 2>&1").c_str()), 0);
+    // A profile of its own: another test process may run a browser at the same time.
+    const std::string profile = TempPath("chromium");
+    const std::string flags = std::string(browser) + " --headless --no-sandbox --disable-gpu --hide-scrollbars "
+                                                     "--window-size=1000,800 --user-data-dir=" + profile + " ";
+    const int dumped = system((flags + "--dump-dom file://" + page + " >" + dom + " 2>/dev/null").c_str());
+    const int shot = system((flags + "--screenshot=" + picture + " file://" + page + " >/dev/null 2>&1").c_str());
+    system(("rm -rf " + profile).c_str());
+    ASSERT_EQ(dumped, 0);
+    ASSERT_EQ(shot, 0);
     std::ifstream read(dom, std::ios::binary);
     std::stringstream text;
     text << read.rdbuf();
@@ -295,6 +300,8 @@ TEST(ReportOutputs, ChromiumShowsThePageAndItsLabelsAsText)
     char magic[8] = {};
     png.read(magic, sizeof magic);
     EXPECT_EQ(std::string(magic + 1, 3), "PNG");
+    for (const std::string& file : {page, dom, picture})
+        remove(file.c_str());
 }
 
 TEST(ReportOutputs, TheCheckListOfTheDesignWithOneProblemOfEachKind)
