@@ -141,7 +141,8 @@ TEST(KeyPlan, EveryErrorIsListedWithItsLineAndNothingChanges)
         "ORNCST_1,Up arrow,Talk to Group,,,,,,\n"                                                 // 18
         "ELKCST_2,Special 1,Stop,,,,,,\n"                                                         // 19
         "ORNCST_1,Wide key,Talk to Zone,ELKCON_9.Hall,,,,,\n"                                     // 20
-        "ORNCST_1,1,,,,,,,\"Line\nbreak\"\n";                                                     // 21
+        "ORNCST_1,1,,,,,,,\"Line\nbreak\"\n"                                                      // 21
+        "ORNCST_1,2,Increase,Volume,,5,,,\n";                                                    // 23
     const KEYPLAN result = Plan(plan);
     const std::string errors = Errors(result);
     const char* const expected[] = {
@@ -171,6 +172,7 @@ TEST(KeyPlan, EveryErrorIsListedWithItsLineAndNothingChanges)
         "plan.csv(19): ELKCST_2, \"Special 1\": the key does not take \"Stop\"",
         "plan.csv(20): ORNCST_1, \"Wide key\": zone \"ELKCON_9.Hall\" is not offered by ORNCON_1",
         "plan.csv(21): ORNCST_1, \"1\": the label holds a control character or a line break",
+        "plan.csv(23): ORNCST_1, \"2\": \"Increase\" has no priority",
     };
     std::string all;
     for (const char* line : expected)
