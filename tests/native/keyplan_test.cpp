@@ -86,6 +86,7 @@ TEST(KeyPlan, RowsBecomeRecordsOfTheCodecsGrammar)
         {"ORNCST_1,4,Select Zone,Lobby,,,,", "ORNCST_1*key003=Select Zone,0,ORNCON_1.Lobby"},
         // A new stop key is the catalogue's default, its priority then set.
         {"ORNCST_1,5,Stop,,,7,Switch,yes", "ORNCST_1*key004=Stop,1,7,1,91,91,"},
+        {"ORNCST_1,3,Stop,,,7,0,no", "ORNCST_1*key002=Stop,0,7,0,91,91,"},  // a trigger type by its number
         {"ORNCST_1,6,Toggle All,,,,,", "ORNCST_1*key005=Toggle All,0"},
         {"ORNCST_1,7,On,,,30,,yes", "ORNCST_1*key006=On,30,1"},
         // A message by its name takes the list's NAME|NUMBER entry.
