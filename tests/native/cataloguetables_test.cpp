@@ -92,6 +92,7 @@ TEST(CatalogueTables, EveryRowByPositionIdAndName)
     EXPECT_EQ(KeyFunctionId("Select"), 0);
     EXPECT_EQ(KeyFunctionId("Select Zone "), 0);
     EXPECT_EQ(KeyFunctionId("Stop2"), 0);
+    EXPECT_EQ(KeyFunctionId(""), 0);
 }
 
 TEST(CatalogueTables, EveryIdWithoutARow)

@@ -76,31 +76,22 @@ TEST(ConsoleBatch, OneConsoleWithoutExtensions)
               "ORNCST_3*key001=Select Zone,0,ORNCON_1.Canteen\n");
 }
 
-TEST(ConsoleBatch, TwoExtensionsRunTheCountIntoTheTypes)
+// The extension count runs on into the types, which fill the slots from the first.
+TEST(ConsoleBatch, ExtensionsFillTheSlotsFromTheFirst)
 {
-    const std::string text = GenerateConsoles(Batch("ELK-15CST", 1, 1, 2, {"Lobby"}));
-    EXPECT_EQ(text,
-              "control=0 DOVRIXC \"ELKCST_1\" 0x54000000 0,20,20x20\n"
-              "ELKCST_1*type=ELK-15CST\n"
-              "ELKCST_1*address=1\n"
-              "ELKCST_1*connection=ORNCON_1.DOVRIXCSTModule\n"
-              "ELKCST_1*key117=On,40,0\n"
-              "ELKCST_1*key116=Menu,0\n"
-              "ELKCST_1*key118=Stop,0,0,0,91,91,\n"
-              "ELKCST_1*key115=Toggle All,0\n"
-              "ELKCST_1*key119=Talk to Selection,0,0,0,50,0,0,1,\n"
-              "ELKCST_1*BgmMenuActive=0\n"
-              "ELKCST_1*ShowLineMonitoring=0\n"
-              "ELKCST_1*ExtensionCount=2ELKCST_1*extensionTypes=1,1,0,0,0,\n"
-              "ELKCST_1*key000=Select Zone,0,ORNCON_1.Lobby\n");
-}
-
-TEST(ConsoleBatch, FiveExtensionsFillEverySlot)
-{
-    const std::string text = GenerateConsoles(Batch("ORN-15CST", 1, 1, 5));
-    EXPECT_NE(text.find("ORNCST_1*ExtensionCount=5ORNCST_1*extensionTypes=1,1,1,1,1,\n"), std::string::npos) << text;
-    const std::string one = GenerateConsoles(Batch("ORN-15CST", 1, 1, 1));
-    EXPECT_NE(one.find("ORNCST_1*ExtensionCount=1ORNCST_1*extensionTypes=1,0,0,0,0,\n"), std::string::npos) << one;
+    const char* const lines[6] = {nullptr,
+                                  "ELKCST_1*ExtensionCount=1ELKCST_1*extensionTypes=1,0,0,0,0,\n",
+                                  "ELKCST_1*ExtensionCount=2ELKCST_1*extensionTypes=1,1,0,0,0,\n",
+                                  "ELKCST_1*ExtensionCount=3ELKCST_1*extensionTypes=1,1,1,0,0,\n",
+                                  "ELKCST_1*ExtensionCount=4ELKCST_1*extensionTypes=1,1,1,1,0,\n",
+                                  "ELKCST_1*ExtensionCount=5ELKCST_1*extensionTypes=1,1,1,1,1,\n"};
+    for (int extensions = 1; extensions <= 5; extensions++) {
+        const std::string text = GenerateConsoles(Batch("ELK-15CST", 1, 1, extensions, {"Lobby"}));
+        EXPECT_NE(text.find(std::string("ELKCST_1*ShowLineMonitoring=0\n") + lines[extensions] +
+                            "ELKCST_1*key000=Select Zone,0,ORNCON_1.Lobby\n"),
+                  std::string::npos)
+            << text;
+    }
 }
 
 TEST(ConsoleBatch, TwelveConsolesStandInTwoColumns)

@@ -343,6 +343,7 @@ TEST(ConsoleTables, ExtensionLedsAndLabelsSitWithTheirKeys)
                 EXPECT_FLOAT_EQ(2 * labels[i].x + labels[i].width, 2 * keys[i].left + 31);
             }
         }
+    EXPECT_TRUE(ExtensionLeds(0, 7, 0).empty());
 }
 
 TEST(ConsoleTables, KeyFrameChoice)
@@ -381,6 +382,7 @@ TEST(ConsoleTables, KeyFrameChoice)
         {0, 0, 0, 2, true, 0, 31},       {0, 11, 0, 1, true, 0, 31},    {0, 12, 0, 1, true, 0, 0},
         {0, 11, 0, 1, false, 0, 0},      {0, 116, 0, 2, false, 0, 31},  {0, 115, 0, 1, false, 0, 0},
         {0, 117, 0, 1, true, 0, 0},      {0, 5, 170, 1, false, 2, 31},
+        {4, 123, 151, 1, false, 2, 62},  {3, 123, 151, 1, false, 2, 31},  // the PTT key follows its indicator
     };
     for (const ORDINARY& o : ordinary) {
         KEYLOOK look = {o.type, o.key, o.function, o.base, 0, o.numeric, o.indicator};
@@ -410,4 +412,5 @@ TEST(ConsoleTables, LedBlinking)
         EXPECT_EQ(LedFrame(2, phase), fast[phase]) << phase;
         EXPECT_EQ(LedFrame(3, phase), on[phase]) << phase;
     }
+    EXPECT_EQ(LedFrame(7, 4), 0);
 }

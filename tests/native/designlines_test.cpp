@@ -3,66 +3,6 @@
 #include "../../plugin/device/consolesettings.h"
 #include "../../plugin/device/designlines.h"
 
-TEST(ObjectName, SplitsAtTheLastStar)
-{
-    char prefix[128];
-    EXPECT_STREQ(SplitObjectName("Site*Floor1*Desk", prefix, sizeof prefix), "Desk");
-    EXPECT_STREQ(prefix, "Site*Floor1*");
-    EXPECT_STREQ(SplitObjectName("ORNCST_1", prefix, sizeof prefix), "ORNCST_1");
-    EXPECT_STREQ(prefix, "");
-}
-
-TEST(OldFaultMasks, SevenToNineMoveUpOne)
-{
-    const struct {
-        const char* key;
-        const char* after;
-    } cases[] = {
-        {"FaultMask6", "FaultMask6"},   {"FaultMask7", "FaultMask8"}, {"FaultMask8", "FaultMask9"},
-        {"FaultMask9", "FaultMask10"},  {"FaultMask10", "FaultMask10"}, {"FaultMaskTest", "FaultMaskTest"},
-        {"Faults7", "Faults7"},
-    };
-    for (const auto& c : cases) {
-        char key[32];
-        snprintf(key, sizeof key, "%s", c.key);
-        ShiftOldFaultMaskKey(key, sizeof key);
-        EXPECT_STREQ(key, c.after) << c.key;
-    }
-}
-
-TEST(ProjectVersion, OldWhenMajorBelow3AndMinorBelow8)
-{
-    EXPECT_TRUE(IsOldProjectVersion("V 2.7.9"));
-    EXPECT_TRUE(IsOldProjectVersion("V 1"));
-    EXPECT_FALSE(IsOldProjectVersion("V 2.8.0"));
-    EXPECT_FALSE(IsOldProjectVersion("V 3.0.0"));
-    EXPECT_FALSE(IsOldProjectVersion("V 3.7.0"));
-    EXPECT_FALSE(IsOldProjectVersion(""));
-    EXPECT_FALSE(IsOldProjectVersion(nullptr));
-}
-
-TEST(ConsoleSettings, NewConsoleDefaults)
-{
-    const CONSOLESETTINGS s;
-    const uint8_t masks[] = {1, 1, 1, 0, 0, 0, 0, 1, 1, 1};
-    for (int mask = 1; mask <= FAULTMASK_COUNT; mask++)
-        EXPECT_EQ(s.faultMask[mask], masks[mask - 1]) << "FaultMask" << mask;
-    EXPECT_EQ(s.showDate, 1);
-    EXPECT_EQ(s.buzzer, 0);
-    EXPECT_EQ(s.priority, 0);
-}
-
-TEST(ConsoleSettings, ModelNames)
-{
-    EXPECT_EQ(ModelFromText("ORN-15CST"), MODEL_ORN_15CST);
-    EXPECT_EQ(ModelFromText("ELK-CSK"), MODEL_ELK_CSK);
-    EXPECT_EQ(ModelFromText("ORN-15CSK"), MODEL_ORN_CSK);
-    EXPECT_EQ(ModelFromText(""), -1);
-    EXPECT_EQ(ModelFromText("orn-15cst"), -1);
-    EXPECT_STREQ(ModelText(2), "");
-    EXPECT_STREQ(ModelText(99), "");
-}
-
 TEST(HostRect, PositionsParseOnlyWhenTheyFitAnInt)
 {
     int x = 0, y = 0;
@@ -71,6 +11,9 @@ TEST(HostRect, PositionsParseOnlyWhenTheyFitAnInt)
     EXPECT_EQ(y, -2147483647 - 1);
     EXPECT_TRUE(ParsePosition("10, 20", &x, &y));
     EXPECT_EQ(y, 20);
+    EXPECT_TRUE(ParsePosition("-1990,9", &x, &y));  // every digit is part of the number
+    EXPECT_EQ(x, -1990);
+    EXPECT_EQ(y, 9);
     EXPECT_FALSE(ParsePosition("2147483648,0", &x, &y));
     EXPECT_FALSE(ParsePosition("0,99999999999", &x, &y));
     EXPECT_FALSE(ParsePosition("10 ,20", &x, &y));

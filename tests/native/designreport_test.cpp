@@ -11,16 +11,10 @@
 #include "../../tools/designreport/designcheck.h"
 #include "../../tools/designreport/designmodel.h"
 #include "../../tools/designreport/keyrows.h"
+#include "sourcefile.h"
+#include "temppath.h"
 
 namespace {
-
-std::string SourceFile(const char* path)
-{
-    std::ifstream file(std::string(DOVRIXC_SOURCE_DIR) + "/" + path, std::ios::binary);
-    std::stringstream content;
-    content << file.rdbuf();
-    return content.str();
-}
 
 std::string Console(const std::string& name)
 {
@@ -89,100 +83,74 @@ TEST(DesignReport, ListsAreCheckedOnlyWhereTheDesignCarriesThem)
     EXPECT_EQ(Count(CheckDesign(ReadDesignText(listed, "d.ds")), PROBLEM_DESTINATION), 1);
 }
 
-TEST(DesignReport, AZoneOfAnotherControllerIsNotOffered)
+// Small designs on one controller and one console: the problems each gives,
+// as kind@line.
+TEST(DesignReport, SmallDesignsGiveTheirProblems)
 {
-    const std::string design = std::string(kController) + "ORNCON_1*zones=Hall\r\n" + Console("ORNCST_1") +
-                               "ORNCST_1*key000=Talk to Zone,0,0,0,50,0,0,1,0,0,0,0,0,0,0,0,ELKCON_1.Hall,,\r\n"
-                               "ORNCST_1*connection=ORNCON_1.DOVRIXCSTModule\r\n";
-    const PROBLEMLIST problems = CheckDesign(ReadDesignText(design, "d.ds"));
-    ASSERT_EQ(problems.items.size(), 1u);
-    EXPECT_EQ(problems.items[0].kind, PROBLEM_DESTINATION);
-}
-
-TEST(DesignReport, SelectionKeysNeedNoDestination)
-{
-    // The default wide key talks to the selection: it has no destination by design.
-    const std::string design = std::string(kController) + Console("ORNCST_1") +
-                               "ORNCST_1*key119=Talk to Selection,0,0,0,50,0,0,1,\r\n"
-                               "ORNCST_1*key002=Alarm to Selection,0,0,2,90,1,,\r\n"
-                               "ORNCST_1*key003=Select Group,0,\r\n"
-                               "ORNCST_1*connection=ORNCON_1.DOVRIXCSTModule\r\n";
-    const PROBLEMLIST problems = CheckDesign(ReadDesignText(design, "d.ds"));
-    ASSERT_EQ(problems.items.size(), 1u);
-    EXPECT_EQ(problems.items[0].kind, PROBLEM_NO_DESTINATION);
-    EXPECT_EQ(problems.items[0].line, 5);
-}
-
-TEST(DesignReport, KeysBeyondTheExtensionsAreHidden)
-{
-    // Extension slot s holds keys 20 s + 15 to 20 s + 34.
-    const std::string design = std::string(kController) + Console("ORNCST_1") +
-                               "ORNCST_1*ExtensionCount=1\r\n"
-                               "ORNCST_1*key034=Toggle All,0\r\n"
-                               "ORNCST_1*key035=Toggle All,0\r\n"
-                               "ORNCST_1*key114=Toggle All,0\r\n"
-                               "ORNCST_1*key124=Toggle All,0\r\n"
-                               "ORNCST_1*key115=Toggle All,0\r\n"
-                               "ORNCST_1*connection=ORNCON_1.DOVRIXCSTModule\r\n";
-    const PROBLEMLIST problems = CheckDesign(ReadDesignText(design, "d.ds"));
-    ASSERT_EQ(problems.items.size(), 3u);
-    EXPECT_EQ(problems.items[0].line, 5);
-    EXPECT_EQ(problems.items[1].line, 6);
-    EXPECT_EQ(problems.items[2].line, 7);
-}
-
-TEST(DesignReport, AKeyClearedLaterIsNotConfigured)
-{
-    const std::string design = std::string(kController) + Console("ORNCST_1") +
-                               "ORNCST_1*key040=Toggle All,0\r\nORNCST_1*key040=Empty\r\n"
-                               "ORNCST_1*connection=ORNCON_1.DOVRIXCSTModule\r\n";
-    const DESIGNMODEL model = ReadDesignText(design, "d.ds");
-    EXPECT_TRUE(model.consoles[0].keys.empty());
-    EXPECT_TRUE(CheckDesign(model).items.empty());
-}
-
-TEST(DesignReport, AddressesAreSharedOnlyOnOneController)
-{
-    const std::string design = std::string(kController) +
-                               "control=0x00000000 ORNCON \"ORNCON_2\" 0x54000000 40,150,150x40\r\n" +
-                               Console("ORNCST_1") + "ORNCST_1*address=2\r\n" + Console("ORNCST_2") +
-                               "ORNCST_2*address=2\r\n"
-                               "ORNCST_1*connection=ORNCON_1.DOVRIXCSTModule\r\n"
-                               "ORNCST_2*connection=ORNCON_2.DOVRIXCSTModule\r\n";
-    EXPECT_TRUE(CheckDesign(ReadDesignText(design, "d.ds")).items.empty());
+    struct ROW {
+        const char* name;
+        std::string lines;  // after the controller and the console ORNCST_1
+        std::vector<std::string> problems;
+    };
+    const std::string connected = "ORNCST_1*connection=ORNCON_1.DOVRIXCSTModule\r\n";
+    const std::string destination = ProblemKindText(PROBLEM_DESTINATION), none = ProblemKindText(PROBLEM_NO_DESTINATION);
+    const std::string hidden = ProblemKindText(PROBLEM_HIDDEN_KEY), typo = ProblemKindText(PROBLEM_UNKNOWN_FUNCTION);
+    const ROW rows[] = {
+        {"a zone of another controller is not offered",
+         "ORNCON_1*zones=Hall\r\nORNCST_1*key000=Talk to Zone,0,0,0,50,0,0,1,0,0,0,0,0,0,0,0,ELKCON_1.Hall,,\r\n" +
+             connected,
+         {destination + "@4"}},
+        // The default wide key talks to the selection: it has no destination by design.
+        {"selection keys need no destination",
+         "ORNCST_1*key119=Talk to Selection,0,0,0,50,0,0,1,\r\nORNCST_1*key002=Alarm to Selection,0,0,2,90,1,,\r\n"
+         "ORNCST_1*key003=Select Group,0,\r\n" + connected,
+         {none + "@5"}},
+        // Extension slot s holds keys 20 s + 15 to 20 s + 34.
+        {"keys beyond the extensions are hidden",
+         "ORNCST_1*ExtensionCount=1\r\nORNCST_1*key034=Toggle All,0\r\nORNCST_1*key035=Toggle All,0\r\n"
+         "ORNCST_1*key114=Toggle All,0\r\nORNCST_1*key124=Toggle All,0\r\nORNCST_1*key115=Toggle All,0\r\n" + connected,
+         {hidden + "@5", hidden + "@6", hidden + "@7"}},
+        {"a key cleared later is not configured", "ORNCST_1*key040=Toggle All,0\r\nORNCST_1*key040=Empty\r\n" + connected,
+         {}},
+        {"addresses are shared only on one controller",
+         "control=0x00000000 ORNCON \"ORNCON_2\" 0x54000000 40,150,150x40\r\nORNCST_1*address=2\r\n" +
+             Console("ORNCST_2") + "ORNCST_2*address=2\r\n" + connected +
+             "ORNCST_2*connection=ORNCON_2.DOVRIXCSTModule\r\n",
+         {}},
+        {"an unknown function is a typo but empty is not",
+         "ORNCST_1*key000=empty\r\nORNCST_1*key001=\r\nORNCST_1*key002=switch,Door,0,0,1\r\n"
+         "ORNCST_1*key003=Talk to everyone,0\r\n" + connected,
+         {typo + "@6"}},
+        {"a label of 31 characters fits",
+         "ORNCST_1*keylabel005=" + std::string(31, 'x') + "\r\nORNCST_1*keylabel006=" + std::string(32, 'x') +
+             "\r\n" + connected,
+         {std::string(ProblemKindText(PROBLEM_LONG_LABEL)) + "@4"}},
+    };
+    for (const ROW& row : rows) {
+        SCOPED_TRACE(row.name);
+        const DESIGNMODEL model = ReadDesignText(std::string(kController) + Console("ORNCST_1") + row.lines, "d.ds");
+        std::vector<std::string> problems;
+        for (const PROBLEM& problem : CheckDesign(model).items)
+            problems.push_back(std::string(ProblemKindText(problem.kind)) + "@" + std::to_string(problem.line));
+        EXPECT_EQ(problems, row.problems);
+    }
+    EXPECT_TRUE(ReadDesignText(std::string(kController) + Console("ORNCST_1") + rows[3].lines, "d.ds")
+                    .consoles[0]
+                    .keys.empty());
 }
 
 TEST(DesignReport, AConnectionToAControllerTheDesignLacksIsNone)
 {
     const std::string design = Console("ORNCST_1") + "ORNCST_1*connection=ORNCON_7.DOVRIXCSTModule\r\n" +
-                               Console("ORNCST_2") + "ORNCST_2*connection=nothing\r\n";
+                               Console("ORNCST_2") + "ORNCST_2*connection=nothing\r\n" + Console("ORNCST_3") +
+                               "ORNCST_3*connection=\r\n";
     const PROBLEMLIST problems = CheckDesign(ReadDesignText(design, "d.ds"));
-    ASSERT_EQ(problems.items.size(), 2u);
-    EXPECT_EQ(Count(problems, PROBLEM_NO_CONNECTION), 2);
-}
-
-TEST(DesignReport, AnUnknownFunctionIsATypoButEmptyIsNot)
-{
-    const std::string design = std::string(kController) + Console("ORNCST_1") +
-                               "ORNCST_1*key000=empty\r\nORNCST_1*key001=\r\nORNCST_1*key002=switch,Door,0,0,1\r\n"
-                               "ORNCST_1*key003=Talk to everyone,0\r\n"
-                               "ORNCST_1*connection=ORNCON_1.DOVRIXCSTModule\r\n";
-    const PROBLEMLIST problems = CheckDesign(ReadDesignText(design, "d.ds"));
-    ASSERT_EQ(problems.items.size(), 1u);
-    EXPECT_EQ(problems.items[0].kind, PROBLEM_UNKNOWN_FUNCTION);
-    EXPECT_EQ(problems.items[0].line, 6);
-}
-
-TEST(DesignReport, ALabelOf31CharactersFits)
-{
-    const std::string design = std::string(kController) + Console("ORNCST_1") +
-                               "ORNCST_1*keylabel005=" + std::string(31, 'x') + "\r\n" +
-                               "ORNCST_1*keylabel006=" + std::string(32, 'x') + "\r\n" +
-                               "ORNCST_1*connection=ORNCON_1.DOVRIXCSTModule\r\n";
-    const PROBLEMLIST problems = CheckDesign(ReadDesignText(design, "d.ds"));
-    ASSERT_EQ(problems.items.size(), 1u);
-    EXPECT_EQ(problems.items[0].kind, PROBLEM_LONG_LABEL);
-    EXPECT_EQ(problems.items[0].line, 4);
+    ASSERT_EQ(problems.items.size(), 3u);
+    EXPECT_EQ(Count(problems, PROBLEM_NO_CONNECTION), 3);
+    // An empty connection line is no connection at all, not a port of no controller.
+    EXPECT_EQ(problems.items[2].line, 6);
+    EXPECT_NE(FormatProblem("d.ds", problems.items[2]).find("is not connected to a controller"), std::string::npos)
+        << FormatProblem("d.ds", problems.items[2]);
 }
 
 TEST(DesignReport, MalformedLinesAreReportedAndTheReadingGoesOn)
@@ -232,7 +200,7 @@ TEST(DesignReport, AFileIsReadInChunksAsTheTextIs)
         for (int key = 0; key < 128; key++)
             design += "ORNCST_1*key" + std::to_string(1000 + key).substr(1) + "=Select Zone,0,ORNCON_1.Hall\r\n";
     design += "ORNCST_1*key000=" + std::string(REPORT_LINE_LIMIT * 2, 'y') + "\r\nlast line without equals";
-    const std::string path = testing::TempDir() + "designreport_chunks.ds";
+    const std::string path = TempPath("designreport_chunks.ds");
     {
         std::ofstream file(path, std::ios::binary);
         file << design;
@@ -256,7 +224,7 @@ TEST(DesignReport, AFileIsReadInChunksAsTheTextIs)
 TEST(DesignReport, AFileWithAHugeLineIsReadInBoundedMemory)
 {
     // 32 MB of one line, read in chunks: refused unread, the next line is read.
-    const std::string path = testing::TempDir() + "designreport_huge.ds";
+    const std::string path = TempPath("designreport_huge.ds");
     const std::string chunk(1 << 20, 'z');
     {
         std::ofstream file(path, std::ios::binary);
@@ -308,7 +276,7 @@ TEST(DesignReport, AFileEndingOneByteAfterAChunkIsReadWhole)
     const std::string name = "ORNCST_1*name=";
     design += name + std::string(65536 - 2 - name.size() - design.size(), 'n') + "\r\n" + "x";
     ASSERT_EQ(design.size(), 65537u);
-    const std::string path = testing::TempDir() + "designreport_edge.ds";
+    const std::string path = TempPath("designreport_edge.ds");
     {
         std::ofstream file(path, std::ios::binary);
         file << design;

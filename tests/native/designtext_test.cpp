@@ -86,6 +86,11 @@ TEST(RectString, RoundTrip)
     int x, y, cx, cy;
     ASSERT_TRUE(ParseRectString("10,20,48x56", &x, &y, &cx, &cy));
     EXPECT_EQ(FormatRectString(x, y, cx, cy), "10,20,48x56");
+    // An empty rectangle is one; a negative size or another form is not.
+    ASSERT_TRUE(ParseRectString("-5,-7,0x0 \t", &x, &y, &cx, &cy));
+    EXPECT_EQ(FormatRectString(x, y, cx, cy), "-5,-7,0x0");
+    for (const char* bad : {"1,2,-3x4", "1,2,3x-4", "1,2,3,4", "1,2,3x4x", "1,2x3x4", ""})
+        EXPECT_FALSE(ParseRectString(bad, &x, &y, &cx, &cy)) << bad;
 }
 
 TEST(LineHalves, KeyAndValueAreBounded)

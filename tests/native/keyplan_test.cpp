@@ -10,16 +10,9 @@
 #include "../../tools/designreport/designmodel.h"
 #include "../../tools/designreport/reports.h"
 #include "../../tools/keyplan/keyplan.h"
+#include "sourcefile.h"
 
 namespace {
-
-std::string SourceFile(const char* path)
-{
-    std::ifstream file(std::string(DOVRIXC_SOURCE_DIR) + "/" + path, std::ios::binary);
-    std::stringstream content;
-    content << file.rdbuf();
-    return content.str();
-}
 
 // Two consoles of one controller with its lists; the first has one
 // extension, a zone key, an EVAC key and a label; the second is a board
@@ -93,6 +86,7 @@ TEST(KeyPlan, RowsBecomeRecordsOfTheCodecsGrammar)
         {"ORNCST_1,4,Select Zone,Lobby,,,,", "ORNCST_1*key003=Select Zone,0,ORNCON_1.Lobby"},
         // A new stop key is the catalogue's default, its priority then set.
         {"ORNCST_1,5,Stop,,,7,Switch,yes", "ORNCST_1*key004=Stop,1,7,1,91,91,"},
+        {"ORNCST_1,3,Stop,,,7,0,no", "ORNCST_1*key002=Stop,0,7,0,91,91,"},  // a trigger type by its number
         {"ORNCST_1,6,Toggle All,,,,,", "ORNCST_1*key005=Toggle All,0"},
         {"ORNCST_1,7,On,,,30,,yes", "ORNCST_1*key006=On,30,1"},
         // A message by its name takes the list's NAME|NUMBER entry.
@@ -109,8 +103,8 @@ TEST(KeyPlan, RowsBecomeRecordsOfTheCodecsGrammar)
         {"ORNCST_1,Wide key,Talk to Group,Upstairs,Gong; Evacuate now|3,60,Switch,yes",
          "ORNCST_1*key119=Talk to Group,0,1,1,60,1,0,1,0,0,1,0,0,0,0,0,ORNCON_1.Upstairs,Gong|7,Evacuate now|3"},
         // A function of the same family keeps the key's fields.
-        {"ORNCST_1,2,EVAC Messages to Group,Upstairs,,,,",
-         "ORNCST_1*key001=EVAC Messages to Group,0,90,0,0,0,1,0,ORNCON_1.Upstairs,Evacuate now|3"},
+        {"ORNCST_1,2,EVAC Messages to Group,Upstairs,,,Trigger,",
+         "ORNCST_1*key001=EVAC Messages to Group,0,90,2,0,0,1,0,ORNCON_1.Upstairs,Evacuate now|3"},
         {"ORNCST_1,1,Empty,,,,,", "ORNCST_1*key000=Empty"},
         {"ORNCST_1,NumericKey3,Select Group,Upstairs,,,,", "ORNCST_1*NumericKey3=Select Group,0,ORNCON_1.Upstairs"},
         // The board's PTT key and its lock switch.
@@ -148,7 +142,8 @@ TEST(KeyPlan, EveryErrorIsListedWithItsLineAndNothingChanges)
         "ORNCST_1,Up arrow,Talk to Group,,,,,,\n"                                                 // 18
         "ELKCST_2,Special 1,Stop,,,,,,\n"                                                         // 19
         "ORNCST_1,Wide key,Talk to Zone,ELKCON_9.Hall,,,,,\n"                                     // 20
-        "ORNCST_1,1,,,,,,,\"Line\nbreak\"\n";                                                     // 21
+        "ORNCST_1,1,,,,,,,\"Line\nbreak\"\n"                                                      // 21
+        "ORNCST_1,2,Increase,Volume,,5,,,\n";                                                    // 23
     const KEYPLAN result = Plan(plan);
     const std::string errors = Errors(result);
     const char* const expected[] = {
@@ -178,6 +173,7 @@ TEST(KeyPlan, EveryErrorIsListedWithItsLineAndNothingChanges)
         "plan.csv(19): ELKCST_2, \"Special 1\": the key does not take \"Stop\"",
         "plan.csv(20): ORNCST_1, \"Wide key\": zone \"ELKCON_9.Hall\" is not offered by ORNCON_1",
         "plan.csv(21): ORNCST_1, \"1\": the label holds a control character or a line break",
+        "plan.csv(23): ORNCST_1, \"2\": \"Increase\" has no priority",
     };
     std::string all;
     for (const char* line : expected)

@@ -58,11 +58,59 @@ TEST(KeyRecord, SlotCarriesIdVariantAndSharedCells)
     EXPECT_EQ(evac.cells[3], 60);  // the message families' priority sits in the talk priority's cell
 }
 
-TEST(KeyRecord, OlderTalkGenerations)
+// Records read and written again: older forms, aliases, missing fields and
+// numbers wider than their fields come back in today's form.
+TEST(KeyRecord, RecordsComeBackInTodaysForm)
 {
-    // The previous generation: nine numbers, the texts follow.
-    EXPECT_EQ(RoundTrip("Talk to Zone,0,0,0,60,1,0,1,2,3,Hall,Gong|1"),
-              "Talk to Zone,0,0,0,60,1,0,1,2,3,0,0,0,0,0,0,Hall,Gong|1,");
+    struct ROW {
+        const char* record;
+        const char* written;
+    };
+    const ROW rows[] = {
+        // The previous talk generation: nine numbers, the texts follow.
+        {"Talk to Zone,0,0,0,60,1,0,1,2,3,Hall,Gong|1", "Talk to Zone,0,0,0,60,1,0,1,2,3,0,0,0,0,0,0,Hall,Gong|1,"},
+        {"Talk to Selection,0,0,0,50,0,0,1,", "Talk to Selection,0,1,0,50,0,0,1,0,0,0,0,0,0,0,0,,1-Tone,"},
+        {"Chime to Zone,1,0,2,80,9,Hall", "Chime to Zone,1,0,2,80,9,0,0,Hall,No Prechime"},
+        {"EVAC Messages to Zone,1,60,2,3,4,Hall,Msg|1", "EVAC Messages to Zone,1,60,2,3,4,0,0,Hall,Msg|1"},
+        {"PTT to Zone,1,2,3,4,5,6,7,Hall,Pre", "PTT to Zone,1,2,3,4,5,6,7,0,0,Hall,Pre"},
+        // Names and aliases.
+        {"Switch,Lamp,1,0,0", "Push,Lamp,1,0,0"},
+        {"protect,1,2,3", "Protect"},
+        {"System Faults,9", "System Faults"},
+        {"Page Everybody,1,2", "Empty"},
+        {"", "Empty"},
+        {",1,2", "Empty"},
+        // Missing fields keep the empty slot's values.
+        {"Stop,0,0,0,91,91", "Stop,0,0,0,91,91,"},
+        {"Stop", "Stop,0,0,0,0,0,"},
+        {"Menu", "Menu,0"},
+        {"Select Zone,x,Hall", "Select Zone,0,"},
+        {"Switch On,Lamp", "Switch On,Lamp,0,0,0"},
+        {"Increase,Volume,abc", "Increase,Volume,0.000000,0.000000,0.000000,0,0"},
+        {"Indicator Test,1,0,7,8", "Indicator Test,1,0"},
+        // Numbers keep their widths.
+        {"Menu,70000", "Menu,4464"},
+        {"Clear All,-1", "Clear All,255"},
+        {"On,99999999999999999999,300", "On,65535,44"},
+        {"Increase,V,1e300,-1e300,nan,1,1", "Increase,V,inf,-inf,nan,1,1"},
+        // Past the int range a number stands at its end of the range, then is
+        // cut to its field: INT_MAX keeps 65535 in 16 bits, INT_MIN keeps 0.
+        {"Menu,99999999999999999999", "Menu,65535"},
+        {"Menu,-99999999999999999999", "Menu,0"},
+        {"Menu,2147483648", "Menu,65535"},
+        {"Menu,-2147483649", "Menu,0"},
+        {"Menu,-1", "Menu,65535"},
+        {"Menu,+7", "Menu,7"},
+        {"Menu, 8", "Menu,8"},
+        {"Toggle All,-99999999999999999999", "Toggle All,0"},
+        {"Toggle All,99999999999999999999", "Toggle All,255"},
+    };
+    for (const ROW& row : rows)
+        EXPECT_EQ(RoundTrip(row.record), row.written) << row.record;
+}
+
+TEST(KeyRecord, OldestTalkAndChimeKeepThePrechimeAsText)
+{
     // The oldest: seven numbers, the second one a prechime code kept as its text.
     const KEYSLOT four = Parsed("Talk to Zone,0,4,0,50,0,0,1,Hall");
     EXPECT_STREQ(four.text2, "2x2-Tone");
@@ -71,29 +119,10 @@ TEST(KeyRecord, OlderTalkGenerations)
     EXPECT_STREQ(nine.text2, "No Prechime");
     EXPECT_EQ(nine.cells[1], 0);
     EXPECT_STREQ(nine.text1, "Hall");
-    EXPECT_EQ(RoundTrip("Talk to Selection,0,0,0,50,0,0,1,"),
-              "Talk to Selection,0,1,0,50,0,0,1,0,0,0,0,0,0,0,0,,1-Tone,");
-}
-
-TEST(KeyRecord, OlderChimeEvacAndPttForms)
-{
+    // The older chime: the prechime code as its text as well.
     const KEYSLOT chime = Parsed("Chime to Zone,1,0,2,80,4,Hall");
     EXPECT_STREQ(chime.text1, "Hall");
     EXPECT_STREQ(chime.text2, "2x2-Tone");
-    EXPECT_EQ(RoundTrip("Chime to Zone,1,0,2,80,9,Hall"), "Chime to Zone,1,0,2,80,9,0,0,Hall,No Prechime");
-    EXPECT_EQ(RoundTrip("EVAC Messages to Zone,1,60,2,3,4,Hall,Msg|1"),
-              "EVAC Messages to Zone,1,60,2,3,4,0,0,Hall,Msg|1");
-    EXPECT_EQ(RoundTrip("PTT to Zone,1,2,3,4,5,6,7,Hall,Pre"), "PTT to Zone,1,2,3,4,5,6,7,0,0,Hall,Pre");
-}
-
-TEST(KeyRecord, NamesAndAliases)
-{
-    EXPECT_EQ(RoundTrip("Switch,Lamp,1,0,0"), "Push,Lamp,1,0,0");
-    EXPECT_EQ(RoundTrip("protect,1,2,3"), "Protect");
-    EXPECT_EQ(RoundTrip("System Faults,9"), "System Faults");
-    EXPECT_EQ(RoundTrip("Page Everybody,1,2"), "Empty");
-    EXPECT_EQ(RoundTrip(""), "Empty");
-    EXPECT_EQ(RoundTrip(",1,2"), "Empty");
 }
 
 TEST(KeyRecord, LastTextKeepsItsCommas)
@@ -102,25 +131,6 @@ TEST(KeyRecord, LastTextKeepsItsCommas)
     const KEYSLOT alarm = Parsed("Alarm to Zone,0,1,0,90,0,Hall,Line 1, left");
     EXPECT_STREQ(alarm.text1, "Hall");
     EXPECT_STREQ(alarm.text2, "Line 1, left");
-}
-
-TEST(KeyRecord, MissingFieldsKeepEmptySlotValues)
-{
-    EXPECT_EQ(RoundTrip("Stop,0,0,0,91,91"), "Stop,0,0,0,91,91,");
-    EXPECT_EQ(RoundTrip("Stop"), "Stop,0,0,0,0,0,");
-    EXPECT_EQ(RoundTrip("Menu"), "Menu,0");
-    EXPECT_EQ(RoundTrip("Select Zone,x,Hall"), "Select Zone,0,");
-    EXPECT_EQ(RoundTrip("Switch On,Lamp"), "Switch On,Lamp,0,0,0");
-    EXPECT_EQ(RoundTrip("Increase,Volume,abc"), "Increase,Volume,0.000000,0.000000,0.000000,0,0");
-    EXPECT_EQ(RoundTrip("Indicator Test,1,0,7,8"), "Indicator Test,1,0");
-}
-
-TEST(KeyRecord, NumbersKeepTheirWidths)
-{
-    EXPECT_EQ(RoundTrip("Menu,70000"), "Menu,4464");
-    EXPECT_EQ(RoundTrip("Clear All,-1"), "Clear All,255");
-    EXPECT_EQ(RoundTrip("On,99999999999999999999,300"), "On,65535,44");
-    EXPECT_EQ(RoundTrip("Increase,V,1e300,-1e300,nan,1,1"), "Increase,V,inf,-inf,nan,1,1");
 }
 
 TEST(KeyRecord, LongTextsAreCutToTheirFields)

@@ -74,30 +74,6 @@ TEST(KeywordFamilies, NameEveryFamilyKeywordWithItsFlags)
     EXPECT_EQ(table.Count(), 308u);  // of the 341 keywords, 33 stand alone
 }
 
-TEST(KeywordFamilies, SeventhFaultMaskIsTheTestFaultAndThereIsNoFaultMask7)
-{
-    char keyword[32];
-    ASSERT_TRUE(FamilyKeyword(KEYWORDFAMILY_FAULTMASKS, 7, keyword, sizeof keyword));
-    EXPECT_STREQ(keyword, "FaultMaskTest");
-    ASSERT_TRUE(FamilyKeyword(KEYWORDFAMILY_FAULTMASKS, 10, keyword, sizeof keyword));
-    EXPECT_STREQ(keyword, "FaultMask10");
-    EXPECT_FALSE(FamilyKeyword(KEYWORDFAMILY_FAULTMASKS, 0, keyword, sizeof keyword));
-    EXPECT_FALSE(FamilyKeyword(KEYWORDFAMILY_FAULTMASKS, 11, keyword, sizeof keyword));
-    EXPECT_EQ(AllFamilies().Lookup("FaultMask7"), 0);
-}
-
-TEST(KeywordFamilies, SpecialKeysCarryFourDigitOptionStates)
-{
-    char keyword[32];
-    ASSERT_TRUE(FamilyKeyword(KEYWORDFAMILY_OPTIONSTATES, 121, keyword, sizeof keyword));
-    EXPECT_STREQ(keyword, "key0121OptionState");
-    EXPECT_FALSE(FamilyKeyword(KEYWORDFAMILY_OPTIONSTATES, 119, keyword, sizeof keyword));
-    EXPECT_FALSE(FamilyKeyword(KEYWORDFAMILY_OPTIONSTATES, 123, keyword, sizeof keyword));
-    EXPECT_EQ(FamilyMemberHandler(KEYWORDFAMILY_OPTIONSTATES, 123), nullptr);
-    EXPECT_EQ(FamilyMemberHandler(KEYWORDFAMILY_KEYS, 128), nullptr);
-    EXPECT_EQ(FamilyMemberHandler(KEYWORDFAMILY_FAULTS, 0), nullptr);
-}
-
 // Each keyword's own handler passes its member number to its family's handler.
 TEST(KeywordFamilies, ThinHandlersPassTheirMemberNumber)
 {

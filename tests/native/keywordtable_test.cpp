@@ -22,17 +22,6 @@ KEYWORDTABLE SmallTable()
 
 }  // namespace
 
-TEST(KeywordTable, SortsByteWise)
-{
-    KEYWORDTABLE table = SmallTable();
-    std::vector<std::string> order;
-    for (size_t i = 0; i < table.Count(); i++)
-        order.push_back(table.Entry(i).keyword);
-    const std::vector<std::string> expected = {" ",      "Buzzer", "FaultMask1",         "FaultMask10", "FaultMask2",
-                                               "address", "key012", "key0120OptionState", "key013",      "type"};
-    EXPECT_EQ(order, expected);
-}
-
 TEST(KeywordTable, LookupIsExactAndZeroMeansNotFound)
 {
     KEYWORDTABLE table = SmallTable();

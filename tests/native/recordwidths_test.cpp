@@ -169,19 +169,3 @@ TEST(RecordWidths, OldestTalkPrechimeCodes)
         EXPECT_EQ(slot.cells[3], 50) << code;
     }
 }
-
-TEST(RecordWidths, NumbersBeyondAnIntSaturateAsDecimalScanning)
-{
-    // Past the int range a number stands at its end of the range, then is
-    // cut to its field: INT_MAX keeps 65535 in 16 bits, INT_MIN keeps 0.
-    EXPECT_EQ(RoundTrip("Menu,99999999999999999999"), "Menu,65535");
-    EXPECT_EQ(RoundTrip("Menu,-99999999999999999999"), "Menu,0");
-    EXPECT_EQ(RoundTrip("Menu,2147483648"), "Menu,65535");
-    EXPECT_EQ(RoundTrip("Menu,-2147483649"), "Menu,0");
-    EXPECT_EQ(RoundTrip("Menu,-1"), "Menu,65535");
-    EXPECT_EQ(RoundTrip("Menu,+7"), "Menu,7");
-    EXPECT_EQ(RoundTrip("Menu, 8"), "Menu,8");
-    EXPECT_EQ(RoundTrip("Toggle All,-99999999999999999999"), "Toggle All,0");
-    EXPECT_EQ(RoundTrip("Toggle All,99999999999999999999"), "Toggle All,255");
-}
-

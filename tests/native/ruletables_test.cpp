@@ -108,7 +108,7 @@ TEST(RuleTables, ModelTextsFacesAndObjectNames)
     };
     const NAME names[] = {{"ORNCST_1", 4},  {"ORNCST_", 4},   {"ORNCST", 4},   {"ELKCST_1", 5},
                           {"ORNCSTX_1", 5}, {"ORNCS_1", 5},   {"ornCST_1", 5}, {"", 5},
-                          {"XORNCST_1", 5}, {"ORNCST_A_B", 4}, {"ORNCSX_1", 5}};
+                          {"XORNCST_1", 5}, {"ORNCST_A_B", 4}, {"ORNCSX_1", 5}, {"Site*ORNCST_1", 5}};
     for (const NAME& n : names)
         EXPECT_EQ(ModelFromObjectName(n.name), n.model) << n.name;
 }
@@ -638,6 +638,8 @@ TEST(RuleTables, ArchiveNameRules)
         {"a/ /b", false},      {"a\x1f", false},       {"a\x7f", true},           {"/a", false},
         {"\\a", false},        {"a:b", false},         {"a/../b", false},         {"a\\..", false},
         {"..\\a", false},      {"a /b", false},        {"a./b", false},           {"a/b.", false},
+        {"", false},           {"a\tb", false},       {"COM10.bin", true},       {"a/..", false},
+        {"fonts/NUL.bin", false}, {"\\\\server\\x", false},
     };
     for (const ROW& row : rows) {
         std::string reason;
@@ -649,6 +651,7 @@ TEST(RuleTables, ArchiveNameRules)
     EXPECT_FALSE(IsSafeEntryName(at256.c_str(), at256.size(), nullptr));
     EXPECT_FALSE(IsSafeEntryName(nullptr, 3, nullptr));
     EXPECT_FALSE(IsSafeEntryName("abc", 0, nullptr));
+    EXPECT_FALSE(IsSafeEntryName("a\0b", 3, nullptr));
 
     struct ROLE {
         const char* name;
@@ -656,7 +659,7 @@ TEST(RuleTables, ArchiveNameRules)
     };
     const ROLE roles[] = {
         {"C:\\t\\ZEL4k_DB_1.dat", ROLE_DATABASE}, {"ZEL4k_FONT_x", ROLE_FONT},    {"zel4k_db_1.dat", ROLE_FIRMWARE},
-        {"ZEL4k_DB", ROLE_FIRMWARE},             {"ZEL4k_FONT", ROLE_FIRMWARE}, {"CST_1.bin", ROLE_FIRMWARE},
+        {"ZEL4k_DB", ROLE_FIRMWARE},             {"x/ZEL4k_DB_1.dat", ROLE_DATABASE},             {"ZEL4k_FONT", ROLE_FIRMWARE}, {"CST_1.bin", ROLE_FIRMWARE},
     };
     for (const ROLE& role : roles)
         EXPECT_EQ(ClassifyFirmwareEntry(role.name), role.role) << role.name;
@@ -683,6 +686,9 @@ TEST(RuleTables, BoundedText)
     char eight[8] = "xyz";
     EXPECT_FALSE(FormatText(eight, sizeof eight, "ab%lc", (wint_t)0x100));
     EXPECT_STREQ(eight, "");
+    char six[6];
+    EXPECT_FALSE(Format(six, "%s", "too long for it"));
+    EXPECT_STREQ(six, "too l");
     EXPECT_EQ(FormatString("%s-%03d", "key", 7), "key-007");
     EXPECT_EQ(FormatString("%s", ""), "");
     EXPECT_EQ(FormatString("%s", std::string(5000, 'z').c_str()).size(), 5000u);

@@ -2,184 +2,105 @@
 
 #include "../../host/workbench/script.h"
 
-TEST(Script, Commands)
+namespace {
+
+// A parsed command in one line: object|text|typed|code|value|key.
+std::string Fields(const SCRIPTCOMMAND& command)
 {
-    SCRIPTCOMMAND command;
-    std::string error;
-    ASSERT_TRUE(ParseScriptLine("set Site*Floor1*Desk*name=A = B", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_SET);
-    EXPECT_EQ(command.object, "Site*Floor1*Desk");
-    EXPECT_EQ(command.text, "Site*Floor1*Desk*name=A = B");
-
-    ASSERT_TRUE(ParseScriptLine("  get Site*Floor1*Desk Firmware.Revision\r", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_GET);
-    EXPECT_EQ(command.object, "Site*Floor1*Desk");
-    EXPECT_EQ(command.text, "Firmware.Revision");
-
-    ASSERT_TRUE(ParseScriptLine("callback 13", &command, &error));
-    EXPECT_EQ(command.code, 13);
-    ASSERT_TRUE(ParseScriptLine("# a comment", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_NOTHING);
-    ASSERT_TRUE(ParseScriptLine("", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_NOTHING);
+    return command.object + "|" + command.text + "|" + command.typed + "|" + std::to_string(command.code) + "|" +
+           std::to_string(command.value) + "|" + std::to_string(command.key);
 }
 
-TEST(Script, DeviceCommands)
+}  // namespace
+
+TEST(Script, EachLineParsesIntoItsFields)
 {
-    SCRIPTCOMMAND command;
-    std::string error;
-    ASSERT_TRUE(ParseScriptLine("online Site*Floor1*ELKCST_3 on", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_ONLINE);
-    EXPECT_EQ(command.object, "Site*Floor1*ELKCST_3");
-    EXPECT_EQ(command.value, 1);
-    ASSERT_TRUE(ParseScriptLine("fault ORNCST_1 10 off", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_FAULT);
-    EXPECT_EQ(command.code, 10);
-    EXPECT_EQ(command.value, 0);
-    ASSERT_TRUE(ParseScriptLine("device ORNCON_1 CAN.Baudrate=62", &command, &error));
-    EXPECT_EQ(command.object, "ORNCON_1");
-    EXPECT_EQ(command.text, "CAN.Baudrate");
-    EXPECT_EQ(command.value, 62);
-    ASSERT_TRUE(ParseScriptLine("tick 1001", &command, &error));
-    EXPECT_EQ(command.code, 1001);
-    ASSERT_TRUE(ParseScriptLine("list ORNCST_1", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_LIST);
-    ASSERT_TRUE(ParseScriptLine("edit ORNCST_1 name Reception  desk", &command, &error));
-    EXPECT_EQ(command.object, "ORNCST_1");
-    EXPECT_EQ(command.text, "name");
-    EXPECT_EQ(command.typed, "Reception  desk");
-    ASSERT_TRUE(ParseScriptLine("drag ORNCON_1 -5 10", &command, &error));
-    EXPECT_EQ(command.code, -5);
-    EXPECT_EQ(command.value, 10);
-    ASSERT_TRUE(ParseScriptLine("shot config:ORNCST_1 out\\config.png", &command, &error));
-    EXPECT_EQ(command.object, "config:ORNCST_1");
+    struct ROW {
+        const char* line;
+        SCRIPTVERB verb;
+        const char* fields;
+    };
+    const ROW rows[] = {
+        {"set Site*Floor1*Desk*name=A = B", SCRIPT_SET, "Site*Floor1*Desk|Site*Floor1*Desk*name=A = B||0|0|0"},
+        {"  get Site*Floor1*Desk Firmware.Revision\r", SCRIPT_GET, "Site*Floor1*Desk|Firmware.Revision||0|0|0"},
+        {"callback 13", SCRIPT_CALLBACK, "|||13|0|0"},
+        {"# a comment", SCRIPT_NOTHING, "|||0|0|0"},
+        {"", SCRIPT_NOTHING, "|||0|0|0"},
+        // The device's commands.
+        {"online Site*Floor1*ELKCST_3 on", SCRIPT_ONLINE, "Site*Floor1*ELKCST_3|||0|1|0"},
+        {"fault ORNCST_1 10 off", SCRIPT_FAULT, "ORNCST_1|||10|0|0"},
+        {"device ORNCON_1 CAN.Baudrate=62", SCRIPT_DEVICE, "ORNCON_1|CAN.Baudrate||0|62|0"},
+        {"tick 1001", SCRIPT_TICK, "|||1001|0|0"},
+        {"list ORNCST_1", SCRIPT_LIST, "ORNCST_1|||0|0|0"},
+        {"edit ORNCST_1 name Reception  desk", SCRIPT_EDIT, "ORNCST_1|name|Reception  desk|0|0|0"},
+        {"drag ORNCON_1 -5 10", SCRIPT_DRAG, "ORNCON_1|||-5|10|0"},
+        {"shot config:ORNCST_1 out\\config.png", SCRIPT_SHOT, "config:ORNCST_1|out\\config.png||0|0|0"},
+        // The console view's commands.
+        {"rclick Site*Floor1*ELKCST_3 121 Alarm Button", SCRIPT_RCLICK, "Site*Floor1*ELKCST_3|Alarm Button||0|0|121"},
+        {"label ORNCST_1 4", SCRIPT_LABEL, "ORNCST_1|||0|0|4"},  // an empty label
+        {"label ORNCST_1 4  Main  hall ", SCRIPT_LABEL, "ORNCST_1|Main  hall||0|0|4"},
+        {"release ORNCST_1 19", SCRIPT_RELEASE, "ORNCST_1|||0|0|19"},
+        {"page ORNCST_1 3", SCRIPT_PAGE, "ORNCST_1|3||3|0|0"},
+        {"page ORNCST_1 buttons", SCRIPT_PAGE, "ORNCST_1|buttons||0|0|0"},
+        {"page ORNCST_1 side", SCRIPT_PAGE, "ORNCST_1|side||0|0|0"},
+        {"page ORNCST_1", SCRIPT_PAGE, "ORNCST_1|||0|0|0"},
+        {"leds ORNCST_1 7 2", SCRIPT_LEDS, "ORNCST_1|||2|0|7"},
+        {"leds ORNCST_1 7 1 3", SCRIPT_LEDS, "ORNCST_1|||1|3|7"},
+        {"scroll ORNCST_1 300", SCRIPT_SCROLL, "ORNCST_1|||300|0|0"},
+        {"view ORNCST_1", SCRIPT_VIEW, "ORNCST_1|||0|0|0"},
+        // Read from the right, the object keeps what comes before, blanks and all.
+        {"get Main  desk name", SCRIPT_GET, "Main  desk|name||0|0|0"},
+        {"firmware ORNCST_1 ORN 2.zip secret", SCRIPT_FIRMWARE, "ORNCST_1 ORN|2.zip|secret|0|0|0"},
+        // Read from the left when the line ends in free text.
+        {"shot surface out\\a b.png", SCRIPT_SHOT, "surface|out\\a b.png||0|0|0"},
+        {"extension ORNCST_1 remove", SCRIPT_EXTENSION, "ORNCST_1|remove||0|0|0"},
+        {"design off", SCRIPT_DESIGN, "|||0|0|0"},
+        {"help", SCRIPT_HELP, "|||0|0|0"},
+        // The key editor's commands.
+        {"drop ORNCST_1 Talk 5", SCRIPT_DROP, "ORNCST_1|Talk||0|0|5"},
+        {"pick ORNCST_1 1014 ORNCON_1.Car park", SCRIPT_PICK, "ORNCST_1||ORNCON_1.Car park|1014|0|0"},
+        {"pick ORNCST_1 1008", SCRIPT_PICK, "ORNCST_1|||1008|0|0"},  // an empty text
+        {"select ORNCST_1 12", SCRIPT_SELECT, "ORNCST_1|12||0|0|12"},
+        {"select ORNCST_1", SCRIPT_SELECT, "ORNCST_1|||0|0|0"},  // the object alone
+    };
+    for (const ROW& row : rows) {
+        SCRIPTCOMMAND command;
+        std::string error;
+        ASSERT_TRUE(ParseScriptLine(row.line, &command, &error)) << row.line << ": " << error;
+        EXPECT_EQ(command.verb, row.verb) << row.line;
+        EXPECT_EQ(Fields(command), row.fields) << row.line;
+    }
 }
 
 TEST(Script, MalformedLinesSayWhy)
 {
     SCRIPTCOMMAND command;
     std::string error;
-    for (const char* line : {"set name=1", "set Desk*=1", "set Desk*name", "get Desk", "callback x", "trace now",
-                             "save", "jump Desk", "online ORNCST_1 maybe", "fault ORNCST_1 0 on",
-                             "fault ORNCST_1 on", "device ORNCST_1 Buzzer", "device ORNCST_1 Buzzer=x", "tick -5",
-                             "list", "edit ORNCST_1", "drag ORNCST_1 5", "design maybe", "shot surface",
-                             "click ORNCST_1"}) {
+    for (const char* line :
+         {"set name=1", "set Desk*=1", "set Desk*name", "get Desk", "callback x", "trace now", "save", "jump Desk",
+          "online ORNCST_1 maybe", "fault ORNCST_1 0 on", "fault ORNCST_1 on", "device ORNCST_1 Buzzer",
+          "device ORNCST_1 Buzzer=x", "tick -5", "list", "edit ORNCST_1", "drag ORNCST_1 5", "design maybe",
+          "shot surface", "click ORNCST_1", "press ORNCST_1", "press ORNCST_1 x", "rclick ORNCST_1 3",
+          "extension ORNCST_1 more", "page ORNCST_1 next", "leds ORNCST_1 7 4", "leds ORNCST_1 7 1 1 1",
+          "leds ORNCST_1", "view", "scroll ORNCST_1 -5", "scroll ORNCST_1", "page ORNCST_1 N", "drop ORNCST_1 Talk",
+          "drop ORNCST_1 Talk x", "pick ORNCST_1 x 1", "pick ORNCST_1", "select ORNCST_1 128"}) {
         error.clear();
         EXPECT_FALSE(ParseScriptLine(line, &command, &error)) << line;
         EXPECT_FALSE(error.empty()) << line;
     }
-}
-
-TEST(Script, ConsoleViewCommands)
-{
-    SCRIPTCOMMAND command;
-    std::string error;
-    ASSERT_TRUE(ParseScriptLine("rclick Site*Floor1*ELKCST_3 121 Alarm Button", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_RCLICK);
-    EXPECT_EQ(command.object, "Site*Floor1*ELKCST_3");
-    EXPECT_EQ(command.key, 121);
-    EXPECT_EQ(command.text, "Alarm Button");
-    ASSERT_TRUE(ParseScriptLine("label ORNCST_1 4", &command, &error));  // an empty label
-    EXPECT_EQ(command.verb, SCRIPT_LABEL);
-    EXPECT_EQ(command.text, "");
-    ASSERT_TRUE(ParseScriptLine("label ORNCST_1 4  Main  hall ", &command, &error));
-    EXPECT_EQ(command.text, "Main  hall");
-    ASSERT_TRUE(ParseScriptLine("release ORNCST_1 19", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_RELEASE);
-    EXPECT_EQ(command.key, 19);
-    ASSERT_TRUE(ParseScriptLine("page ORNCST_1 3", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_PAGE);
-    EXPECT_EQ(command.code, 3);
-    ASSERT_TRUE(ParseScriptLine("page ORNCST_1 buttons", &command, &error));
-    EXPECT_EQ(command.text, "buttons");
-    ASSERT_TRUE(ParseScriptLine("leds ORNCST_1 7 2", &command, &error));
-    EXPECT_EQ(command.key, 7);
-    EXPECT_EQ(command.code, 2);
-    EXPECT_EQ(command.value, 0);
-    ASSERT_TRUE(ParseScriptLine("leds ORNCST_1 7 1 3", &command, &error));
-    EXPECT_EQ(command.value, 3);
-    ASSERT_TRUE(ParseScriptLine("scroll ORNCST_1 300", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_SCROLL);
-    EXPECT_EQ(command.code, 300);
-    ASSERT_TRUE(ParseScriptLine("view ORNCST_1", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_VIEW);
-
-    for (const char* bad : {"press ORNCST_1", "press ORNCST_1 x", "rclick ORNCST_1 3", "extension ORNCST_1 more",
-                            "page ORNCST_1 next", "leds ORNCST_1 7 4", "leds ORNCST_1 7 1 1 1", "leds ORNCST_1",
-                            "view", "scroll ORNCST_1 -5", "scroll ORNCST_1"}) {
-        EXPECT_FALSE(ParseScriptLine(bad, &command, &error)) << bad;
-        EXPECT_FALSE(error.empty()) << bad;
-    }
-}
-
-TEST(Script, ArgumentsFollowTheirPattern)
-{
-    SCRIPTCOMMAND command;
-    std::string error;
-    // Read from the right, the object keeps what comes before, blanks and all.
-    ASSERT_TRUE(ParseScriptLine("get Main  desk name", &command, &error));
-    EXPECT_EQ(command.object, "Main  desk");
-    EXPECT_EQ(command.text, "name");
-    ASSERT_TRUE(ParseScriptLine("firmware ORNCST_1 ORN 2.zip secret", &command, &error));
-    EXPECT_EQ(command.object, "ORNCST_1 ORN");
-    EXPECT_EQ(command.text, "2.zip");
-    EXPECT_EQ(command.typed, "secret");
-    // Read from the left when the line ends in free text.
-    ASSERT_TRUE(ParseScriptLine("shot surface out\\a b.png", &command, &error));
-    EXPECT_EQ(command.object, "surface");
-    EXPECT_EQ(command.text, "out\\a b.png");
-    ASSERT_TRUE(ParseScriptLine("page ORNCST_1 side", &command, &error));
-    EXPECT_EQ(command.code, 0);
-    EXPECT_EQ(command.text, "side");
-    ASSERT_TRUE(ParseScriptLine("extension ORNCST_1 remove", &command, &error));
-    EXPECT_EQ(command.text, "remove");
-    ASSERT_TRUE(ParseScriptLine("design off", &command, &error));
-    EXPECT_EQ(command.value, 0);
-    ASSERT_TRUE(ParseScriptLine("help", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_HELP);
-
-    EXPECT_FALSE(ParseScriptLine("page ORNCST_1 N", &command, &error));
-    EXPECT_FALSE(ParseScriptLine("fault ORNCST_1 11 on", &command, &error));
-    EXPECT_EQ(error, "fault needs OBJ N on|off with N from 1 to 10");
-    EXPECT_FALSE(ParseScriptLine("leds ORNCST_1 7 1 4", &command, &error));
-    EXPECT_EQ(error, "leds needs OBJ KEY MODE [MODE2] with MODE from 0 to 3 and MODE2 from 0 to 3");
-    EXPECT_FALSE(ParseScriptLine("tick -1", &command, &error));
-    EXPECT_EQ(error, "tick needs MS with MS at least 0");
-    EXPECT_FALSE(ParseScriptLine("help me", &command, &error));
-    EXPECT_EQ(error, "help takes no arguments");
-    EXPECT_FALSE(ParseScriptLine("frobnicate", &command, &error));
-    EXPECT_EQ(error, "unknown command 'frobnicate'");
-}
-
-TEST(Script, KeyEditorCommands)
-{
-    SCRIPTCOMMAND command;
-    std::string error;
-    ASSERT_TRUE(ParseScriptLine("drop ORNCST_1 Talk 5", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_DROP);
-    EXPECT_EQ(command.object, "ORNCST_1");
-    EXPECT_EQ(command.text, "Talk");
-    EXPECT_EQ(command.key, 5);
-    ASSERT_TRUE(ParseScriptLine("pick ORNCST_1 1014 ORNCON_1.Car park", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_PICK);
-    EXPECT_EQ(command.code, 1014);
-    EXPECT_EQ(command.typed, "ORNCON_1.Car park");
-    ASSERT_TRUE(ParseScriptLine("pick ORNCST_1 1008", &command, &error));  // an empty text
-    EXPECT_EQ(command.typed, "");
-    ASSERT_TRUE(ParseScriptLine("select ORNCST_1 12", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_SELECT);
-    EXPECT_EQ(command.key, 12);
-    EXPECT_EQ(command.text, "12");
-    ASSERT_TRUE(ParseScriptLine("select ORNCST_1", &command, &error));
-    EXPECT_EQ(command.text, "");  // the object alone
-    ASSERT_TRUE(ParseScriptLine("page ORNCST_1", &command, &error));
-    EXPECT_EQ(command.verb, SCRIPT_PAGE);
-    EXPECT_EQ(command.text, "");
-    ASSERT_TRUE(ParseScriptLine("page ORNCST_1 3", &command, &error));
-    EXPECT_EQ(command.code, 3);
-    for (const char* bad : {"drop ORNCST_1 Talk", "drop ORNCST_1 Talk x", "pick ORNCST_1 x 1", "pick ORNCST_1",
-                            "select ORNCST_1 128", "page ORNCST_1 next"}) {
-        EXPECT_FALSE(ParseScriptLine(bad, &command, &error)) << bad;
-        EXPECT_FALSE(error.empty()) << bad;
+    struct ROW {
+        const char* line;
+        const char* error;
+    };
+    const ROW said[] = {
+        {"fault ORNCST_1 11 on", "fault needs OBJ N on|off with N from 1 to 10"},
+        {"leds ORNCST_1 7 1 4", "leds needs OBJ KEY MODE [MODE2] with MODE from 0 to 3 and MODE2 from 0 to 3"},
+        {"tick -1", "tick needs MS with MS at least 0"},
+        {"help me", "help takes no arguments"},
+        {"frobnicate", "unknown command 'frobnicate'"},
+    };
+    for (const ROW& row : said) {
+        EXPECT_FALSE(ParseScriptLine(row.line, &command, &error)) << row.line;
+        EXPECT_EQ(error, row.error) << row.line;
     }
 }
