@@ -538,36 +538,6 @@ BOOL CALLBACK FindPaintCheck(HWND window, LPARAM found)
     return TRUE;
 }
 
-// What the screen shows of the window's client area (0x00RRGGBB), not what
-// the window would draw if asked: a box that never painted reads black.
-std::vector<DWORD> ScreenPixels(HWND window, int* width)
-{
-    RECT client;
-    GetClientRect(window, &client);
-    POINT origin = {0, 0};
-    ClientToScreen(window, &origin);
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = client.right;
-    info.bmiHeader.biHeight = -client.bottom;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
-    HBITMAP bitmap = CreateDIBSection(NULL, &info, DIB_RGB_COLORS, &bits, NULL, 0);
-    HDC screen = GetDC(NULL);
-    HDC memory = CreateCompatibleDC(screen);
-    HGDIOBJ old = SelectObject(memory, bitmap);
-    BitBlt(memory, 0, 0, client.right, client.bottom, screen, origin.x, origin.y, SRCCOPY);
-    GdiFlush();
-    std::vector<DWORD> pixels((const DWORD*)bits, (const DWORD*)bits + client.right * client.bottom);
-    SelectObject(memory, old);
-    DeleteDC(memory);
-    ReleaseDC(NULL, screen);
-    DeleteObject(bitmap);
-    *width = client.right;
-    return pixels;
-}
-
 // A timer of the test's thread, run by the box's own loop: once the box has
 // been up for a second its pixels are taken from the screen and it is closed.
 void CALLBACK CaptureBox(HWND, UINT, UINT_PTR timer, DWORD)

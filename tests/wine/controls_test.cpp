@@ -174,7 +174,7 @@ DWORD AsPixel(COLORREF colour)
 }
 
 // The window as it stands on the screen, after it painted itself.
-std::vector<DWORD> ScreenPixels(HWND window)
+std::vector<DWORD> RepaintedPixels(HWND window)
 {
     RedrawWindow(window, NULL, NULL, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_UPDATENOW);
     int width = 0;
@@ -225,7 +225,7 @@ TEST(FlatControls, SubclassedSpinPaintsItselfAndStillCounts)
     ASSERT_NE(plain, nullptr);
     ASSERT_NE(flat, nullptr);
     EXPECT_TRUE(SubclassSpin(flat));
-    EXPECT_NE(ScreenPixels(flat), ScreenPixels(plain));
+    EXPECT_NE(RepaintedPixels(flat), RepaintedPixels(plain));
 
     SendMessageA(flat, UDM_SETRANGE32, 0, 9);
     SendMessageA(flat, UDM_SETPOS32, 0, 4);

@@ -1,5 +1,7 @@
 #include "testhost.h"
 
+#include <functional>
+
 #include <stdio.h>
 
 #include <gtest/gtest.h>
@@ -201,7 +203,8 @@ std::string ReadFileBytes(const std::string& path)
     return content.str();
 }
 
-std::vector<DWORD> WindowPixels(HWND window, int* width)
+// The client area of window, 32-bit, as draw puts it into a memory DC.
+static std::vector<DWORD> ClientPixels(HWND window, int* width, const std::function<void(HDC, const RECT&)>& draw)
 {
     RECT client;
     GetClientRect(window, &client);
@@ -215,7 +218,7 @@ std::vector<DWORD> WindowPixels(HWND window, int* width)
     HBITMAP bitmap = CreateDIBSection(NULL, &info, DIB_RGB_COLORS, &bits, NULL, 0);
     HDC memory = CreateCompatibleDC(NULL);
     HGDIOBJ old = SelectObject(memory, bitmap);
-    SendMessageA(window, WM_PRINTCLIENT, (WPARAM)memory, PRF_CLIENT);
+    draw(memory, client);
     GdiFlush();
     std::vector<DWORD> pixels((const DWORD*)bits, (const DWORD*)bits + client.right * client.bottom);
     SelectObject(memory, old);
@@ -224,6 +227,24 @@ std::vector<DWORD> WindowPixels(HWND window, int* width)
     if (width)
         *width = client.right;
     return pixels;
+}
+
+std::vector<DWORD> WindowPixels(HWND window, int* width)
+{
+    return ClientPixels(window, width, [&](HDC memory, const RECT&) {
+        SendMessageA(window, WM_PRINTCLIENT, (WPARAM)memory, PRF_CLIENT);
+    });
+}
+
+std::vector<DWORD> ScreenPixels(HWND window, int* width)
+{
+    return ClientPixels(window, width, [&](HDC memory, const RECT& client) {
+        POINT origin = {0, 0};
+        ClientToScreen(window, &origin);
+        HDC screen = GetDC(NULL);
+        BitBlt(memory, 0, 0, client.right, client.bottom, screen, origin.x, origin.y, SRCCOPY);
+        ReleaseDC(NULL, screen);
+    });
 }
 
 // ---- The workbench as a separate process ----

@@ -63,6 +63,9 @@ public:
 // A window's client area as it draws itself (WM_PRINTCLIENT), pixel by pixel
 // (0x00RRGGBB), rows from the top; the width in *width when asked for.
 std::vector<DWORD> WindowPixels(HWND window, int* width = nullptr);
+// What the screen shows of the window's client area, not what the window
+// would draw if asked: a window that never painted reads as what lies there.
+std::vector<DWORD> ScreenPixels(HWND window, int* width = nullptr);
 
 std::string SourcePath(const char* relative);  // a file of the source tree
 std::string TempFolder();                       // a fresh folder for one test
